@@ -1,0 +1,160 @@
+// The six entry points called from eight threads at once, on a mix of inputs
+// (good, refused and degenerate), must give results bit for bit equal to the
+// same calls made one after another: nothing is shared between calls.
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cmath>
+#include <cstring>
+#include <functional>
+#include <limits>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "corvane/corvane.h"
+
+namespace {
+
+using Bytes = std::vector<unsigned char>;
+
+template <typename... T>
+void append(Bytes& out, const T&... values) {
+  (out.insert(out.end(), reinterpret_cast<const unsigned char*>(&values),
+              reinterpret_cast<const unsigned char*>(&values) + sizeof values),
+   ...);
+}
+
+struct Ply {
+  float t, e1, e2, g12, nu12, cte1, cte2;
+};
+
+std::vector<char> layup_buffer(const std::string& text) {
+  std::vector<char> buffer(CORVANE_LAYUP_LENGTH, ' ');
+  std::memcpy(buffer.data(), text.data(), std::min(text.size(), buffer.size()));
+  return buffer;
+}
+
+Bytes stiffness(const Ply& p, const std::string& text) {
+  auto layup = layup_buffer(text);
+  std::vector<char> cards(CORVANE_CARDS_LENGTH, 'x');
+  int32_t symmetric = 7, plies = 7, ierr = 7;
+  float a[9], b[9], d[9], dstar[9] = {}, h, ex, ey, gxy, nuxy, ax, ay, axy;
+  LAMINATE_STIFFNESS(&p.t, &p.e1, &p.e2, &p.g12, &p.nu12, &p.cte1, &p.cte2, layup.data(),
+                     CORVANE_LAYUP_LENGTH, &symmetric, a, b, d, dstar, &h, &ex, &ey, &gxy,
+                     &nuxy, &ax, &ay, &axy, &plies, cards.data(), CORVANE_CARDS_LENGTH, &ierr);
+  Bytes out;
+  append(out, symmetric, a, b, d, dstar, h, ex, ey, gxy, nuxy, ax, ay, axy, plies, ierr);
+  out.insert(out.end(), cards.begin(), cards.end());
+  return out;
+}
+
+Bytes bi_material(const Ply& p, const Ply& q, const std::string& text) {
+  auto layup = layup_buffer(text);
+  std::vector<char> cards(CORVANE_CARDS_LENGTH, 'x');
+  int32_t symmetric = 7, plies = 7, ierr = 7;
+  float a[9], b[9], d[9], dstar[9] = {}, h, ex, ey, gxy, nuxy, ax, ay, axy;
+  BI_MATERIAL_LAMINATE_STIFFNESS(&p.t, &p.e1, &p.e2, &p.g12, &p.nu12, &p.cte1, &p.cte2,
+                                 &q.t, &q.e1, &q.e2, &q.g12, &q.nu12, &q.cte1, &q.cte2,
+                                 layup.data(), CORVANE_LAYUP_LENGTH, &symmetric, a, b, d,
+                                 dstar, &h, &ex, &ey, &gxy, &nuxy, &ax, &ay, &axy, &plies,
+                                 cards.data(), CORVANE_CARDS_LENGTH, &ierr);
+  Bytes out;
+  append(out, symmetric, a, b, d, dstar, h, ex, ey, gxy, nuxy, ax, ay, axy, plies, ierr);
+  out.insert(out.end(), cards.begin(), cards.end());
+  return out;
+}
+
+Bytes strains(std::array<float, 8> v) {
+  float ex, ey, gxy = 3.0f, p45, m45;
+  int32_t ierr = 7;
+  LAMINATE_STRAINS_IN_PLANE(&v[0], &v[1], &v[2], &v[3], &v[4], &v[5], &v[6], &v[7], &ex,
+                            &ey, &gxy, &p45, &m45, &ierr);
+  Bytes out;
+  append(out, ex, ey, gxy, p45, m45, ierr);
+  return out;
+}
+
+Bytes plate_loads(std::array<float, 9> d, float a, float b) {
+  float nx, ny, nxy;
+  int32_t ierr = 7;
+  LAMINATE_RECTANGULAR_SS_BUCKLING_LOADS(d.data(), &a, &b, &nx, &ny, &nxy, &ierr);
+  Bytes out;
+  append(out, nx, ny, nxy, ierr);
+  return out;
+}
+
+Bytes plate_rf(std::array<float, 6> v) {
+  float rf;
+  int32_t ierr = 7;
+  LAMINATE_RECTANGULAR_SS_BUCKLING_RF(&v[0], &v[1], &v[2], &v[3], &v[4], &v[5], &rf, &ierr);
+  Bytes out;
+  append(out, rf, ierr);
+  return out;
+}
+
+Bytes shell_loads(std::array<float, 9> a, std::array<float, 9> d, float l, float b, float r,
+                  float t) {
+  float nx, ny, nxy;
+  int32_t ierr = 7;
+  LAMINATE_SHELL_BUCKLING_LOADS(a.data(), d.data(), &l, &b, &r, &t, &nx, &ny, &nxy, &ierr);
+  Bytes out;
+  append(out, nx, ny, nxy, ierr);
+  return out;
+}
+
+std::vector<std::function<Bytes()>> mixed_calls() {
+  const Ply carbon{0.125f, 135000.0f, 10000.0f, 5000.0f, 0.3f, -0.3e-6f, 28e-6f};
+  const Ply glass{0.2f, 70000.0f, 70000.0f, 5000.0f, 0.05f, 2e-6f, 2e-6f};
+  const Ply invalid{0.0f, 135000.0f, 10000.0f, 5000.0f, 0.3f, 0.0f, 0.0f};
+  const float nan = std::numeric_limits<float>::quiet_NaN();
+  const std::array<float, 9> a{60000, 18000, 0, 18000, 60000, 0, 0, 0, 21000};
+  const std::array<float, 9> d{10000, 3000, 0, 3000, 10000, 0, 0, 0, 3500};
+  const std::array<float, 9> d_ortho{25000, 2500, 0, 2500, 6000, 0, 0, 0, 3000};
+  return {
+      [=] { return stiffness(carbon, "(0/45/-45/90)S"); },
+      [=] { return stiffness(carbon, "(0/90/45)3"); },
+      [=] { return stiffness(glass, "(45/-45)$"); },
+      [=] { return stiffness(invalid, "(0/90)S"); },
+      [=] { return stiffness(carbon, "0/90"); },
+      [=] { return bi_material(carbon, glass, "(0/45./-45./90)S"); },
+      [=] { return bi_material(carbon, invalid, "(0/90)"); },
+      [=] { return strains({1.0f, 50000, 40000, 19000, 0.3f, -100, 20, 30}); },
+      [=] { return strains({1.0f, 1e-7f, 40000, 19000, 0.3f, -100, 20, 30}); },
+      [=] { return plate_loads(d, 500, 500); },
+      [=] { return plate_loads(d_ortho, 2000, 300); },
+      [=] { return plate_loads(d, nan, 300); },
+      [=] { return plate_rf({-100, -10, 20, 500, 400, 300}); },
+      [=] { return plate_rf({-100, -10, 20, 5e-7f, 400, 300}); },
+      [=] { return shell_loads(a, d, 600, 200, 1000, 2); },
+      [=] { return shell_loads(a, d, 600, 200, 0, 2); },
+      [=] { return shell_loads(a, d_ortho, 400, 250, 150, 2); },
+  };
+}
+
+TEST(Concurrency, EightThreadsGiveTheSerialResultsBitForBit) {
+  const auto calls = mixed_calls();
+  std::vector<Bytes> serial;
+  for (const auto& call : calls) serial.push_back(call());
+
+  constexpr int kThreads = 8;
+  constexpr int kRounds = 3;
+  std::vector<int> mismatches(kThreads, 0);
+  std::vector<std::thread> threads;
+  for (int t = 0; t < kThreads; ++t) {
+    threads.emplace_back([&, t] {
+      for (int round = 0; round < kRounds; ++round) {
+        // Each thread walks the calls from a different starting point, so
+        // different entry points overlap in time.
+        for (std::size_t k = 0; k < calls.size(); ++k) {
+          const std::size_t i = (k + static_cast<std::size_t>(t) * 3) % calls.size();
+          if (calls[i]() != serial[i]) ++mismatches[t];
+        }
+      }
+    });
+  }
+  for (auto& thread : threads) thread.join();
+  for (int t = 0; t < kThreads; ++t) EXPECT_EQ(mismatches[t], 0) << "thread " << t;
+}
+
+}  // namespace
