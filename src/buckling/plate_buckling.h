@@ -17,14 +17,18 @@ struct HalfWaveSearch {
   float lambda = 0.0f;  // smallest positive load factor found; 0 on failure
   int m = 0;            // half-waves along x at the optimum (0: none found)
   int n = 0;            // half-waves along y at the optimum
+  int bound = 0;        // the bound M of the sweep that confirmed the optimum
   int error = 0;        // 0 converged; 1 non-positive input or no convergence
 };
 
 // Smallest positive factor on the load pair (nx, ny) at which the plate buckles,
 // found by sweeping m, n = 1 .. M over the growing bounds M = 1, 10, 20, ..., 90
-// until the optimum stops moving. The pair (-1, 0) gives the critical
-// compression in x, (0, -1) that in y. The plate is never taken as longer than
-// ten times its width.
+// until a sweep confirms the optimum of the one before. The pair (-1, 0) gives
+// the critical compression in x, (0, -1) that in y. The plate is never taken as
+// longer than ten times its width. A pair that no mode makes positive (tension)
+// leaves the starting value 100000.0. Fails (error 1, the rest 0) for a
+// non-positive or NaN a, b, D11, D12, D22 or D66, and for an optimum still
+// moving at bound 90: bound 100 is never swept.
 HalfWaveSearch half_wave_search(const Matrix3& D, float a, float b, float nx, float ny);
 
 // Critical loads of the plate as positive magnitudes; 0 where none was found.
