@@ -25,9 +25,10 @@ struct HalfWaveSearch {
 // found by sweeping m, n = 1 .. M over the growing bounds M = 1, 10, 20, ..., 90
 // until a sweep confirms the optimum of the one before. The pair (-1, 0) gives
 // the critical compression in x, (0, -1) that in y. The plate is never taken as
-// longer than ten times its width. A pair that no mode makes positive (tension)
-// leaves the starting value 100000.0. Fails (error 1, the rest 0) for a
-// non-positive or NaN a, b, D11, D12, D22 or D66, and for an optimum still
+// longer than ten times its width. The search starts from 100000.0 and keeps it
+// when no mode gives a smaller positive factor (a tensile pair, or a plate too
+// stiff for its loads to fall below 100000 in the caller's units). Fails (error 1, the
+// rest 0) for a non-positive or NaN a, b, D11, D12, D22 or D66, and for an optimum still
 // moving at bound 90: bound 100 is never swept.
 HalfWaveSearch half_wave_search(const Matrix3& D, float a, float b, float nx, float ny);
 
