@@ -1,9 +1,10 @@
-// Buckling of flat rectangular plates simply supported on all four edges, for a
-// specially orthotropic laminate (only D11, D12, D22 and D66 of [D] enter):
-// critical running loads in compression by a search over the half-wave numbers of
-// the double sine series (Navier solution), critical shear from closed-form
-// coefficient tables, and the parabolic interaction of compression and shear.
-// Running loads are force per unit width, compression negative.
+// Buckling of flat rectangular plates simply supported on all four edges, for an
+// orthotropic laminate without bending-twisting coupling (only D11, D12, D22 and
+// D66 of [D] enter): critical running loads in compression by a search over the
+// half-wave numbers of the double sine series (Navier solution), critical shear
+// from closed-form coefficient tables, and the parabolic interaction of
+// compression and shear. Running loads are force per unit width, compression
+// negative.
 #pragma once
 
 #include <span>

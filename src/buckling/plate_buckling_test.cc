@@ -154,7 +154,7 @@ TEST(PlateBuckling, NonPositiveTermsGiveZerosEverywhere) {
   }
 }
 
-TEST(InteractionRf, SpecialCasesAndTheParabola) {
+TEST(InteractionRf, LimitCasesAndTheParabola) {
   const struct {
     float rx, ry, rs, rf;
   } cases[] = {
