@@ -1,0 +1,126 @@
+#include "laminates/stacking_sequence.h"
+
+#include <array>
+#include <string>
+
+#include "util/number_reading.h"
+
+namespace corvane {
+namespace {
+
+std::string_view trim_blanks(std::string_view s) {
+  while (!s.empty() && s.front() == ' ') s.remove_prefix(1);
+  while (!s.empty() && s.back() == ' ') s.remove_suffix(1);
+  return s;
+}
+
+// Expands "(group)<suffix>" into "(group/group/...)<mark>". Returns 0 or a
+// non-zero parser status. The copies stop once the text holds kMaxPlies + 1
+// separators: it then has more tokens than plies allowed, and its first
+// kMaxPlies + 1 tokens, all the token loop ever reads of it, are the same as in
+// the complete expansion, so a huge count costs no memory and changes no result.
+int expand_repeat(std::string_view text, std::size_t close, std::string& expanded) {
+  const std::string_view suffix = text.substr(close + 1);
+  std::int32_t count = 0;
+  std::string_view mark;
+  if (read_integer(suffix, count) != kReadOk) {
+    if (suffix.size() == 1) {
+      count = 1;
+      mark = suffix;
+    } else {
+      const int status = read_integer(suffix.substr(0, suffix.size() - 1), count);
+      if (status != kReadOk) return status;
+      mark = suffix.substr(suffix.size() - 1);
+    }
+  }
+  const std::size_t open = text.find('(');
+  // No group at all: the text cannot begin with "(", nor can its expansion.
+  if (open == std::string_view::npos || open > close) return kStackingSyntax;
+  const std::string_view group = text.substr(open + 1, close - open - 1);
+  std::size_t group_separators = 0;
+  for (char c : group) group_separators += c == '/' ? 1 : 0;
+
+  // A count below 1 leaves "()", which the checks of the ending refuse.
+  expanded.assign(1, '(');
+  std::size_t separators = 0;
+  for (std::int32_t copy = 1; copy <= count; ++copy) {
+    if (copy > 1) {
+      expanded += '/';
+      ++separators;
+    }
+    expanded += group;
+    separators += group_separators;
+    if (separators > static_cast<std::size_t>(kMaxPlies)) break;
+  }
+  expanded += ')';
+  expanded += mark;
+  return kStackingOk;
+}
+
+}  // namespace
+
+int parse_stacking_sequence(std::string_view text, std::vector<float>& angles,
+                            std::vector<std::int32_t>* material_indices) {
+  angles.clear();
+  if (material_indices != nullptr) material_indices->clear();
+
+  text = trim_blanks(text.substr(0, text.find('\0')));
+  if (text.size() < 3) return kStackingSyntax;
+  const std::size_t close = text.find(')');
+  if (close == std::string_view::npos) return kStackingSyntax;
+
+  std::string expanded;
+  if (close + 1 < text.size()) {
+    const int status = expand_repeat(text, close, expanded);
+    if (status != kStackingOk) return status;
+    text = expanded;
+  }
+
+  // 0: none; 1: "S", mirror plane between two plies; 2: "$", about the last ply.
+  int symmetry = 0;
+  if (text.size() < 3 || text.front() != '(') return kStackingSyntax;
+  if (text.back() != ')') {
+    if (text.size() < 4 || text[text.size() - 2] != ')') return kStackingSyntax;
+    if (text.back() == 'S') {
+      symmetry = 1;
+    } else if (text.back() == '$') {
+      symmetry = 2;
+    } else {
+      return kStackingSyntax;
+    }
+  }
+
+  // Working tables: locals, so that parses never share state.
+  std::array<float, kMaxPlies> table_angles{};
+  std::array<std::int32_t, kMaxPlies> table_materials{};
+  int k = 0;
+  std::string_view rest = text.substr(1, text.size() - (symmetry == 0 ? 2 : 3));
+  while (!rest.empty()) {
+    // A further token would not fit: the laminate has too many plies anyway.
+    if (k == kMaxPlies) return kStackingTooManyPlies;
+    const std::size_t slash = rest.find('/');
+    const std::string_view token = rest.substr(0, slash);
+    const int status = read_real(token, table_angles[k]);
+    if (status != kReadOk) return status;
+    const std::string_view written = trim_blanks(token);
+    table_materials[k] = !written.empty() && written.back() == '.' ? 2 : 1;
+    ++k;
+    rest = slash == std::string_view::npos ? std::string_view{} : rest.substr(slash + 1);
+    while (!rest.empty() && rest.front() == ' ') rest.remove_prefix(1);
+  }
+
+  const int plies = symmetry == 0 ? k : symmetry == 1 ? 2 * k : 2 * k - 1;
+  if (plies > kMaxPlies) return kStackingTooManyPlies;
+  for (int j = 1; symmetry != 0 && j <= k; ++j) {
+    table_angles[plies - j] = table_angles[j - 1];
+    table_materials[plies - j] = table_materials[j - 1];
+  }
+
+  angles.assign(table_angles.begin(), table_angles.begin() + plies);
+  if (material_indices != nullptr) {
+    material_indices->assign(table_materials.begin(), table_materials.begin() + plies);
+  }
+  return kStackingOk;
+}
+
+}  // namespace corvane

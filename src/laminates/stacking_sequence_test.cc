@@ -1,0 +1,176 @@
+#include "laminates/stacking_sequence.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "util/number_reading.h"
+
+namespace corvane {
+namespace {
+
+using Angles = std::vector<float>;
+using Materials = std::vector<std::int32_t>;
+
+// "(a/a/.../a)" with n tokens, then the suffix.
+std::string tokens(int n, const std::string& token = "0",
+                   const std::string& suffix = "") {
+  std::string text = "(";
+  for (int i = 0; i < n; ++i) text += (i > 0 ? "/" : "") + token;
+  return text + ")" + suffix;
+}
+
+// n tokens "0" with "x" in place of the one at the given position (1-based).
+std::string bad_token_at(int n, int position) {
+  std::string text = tokens(n);
+  text[2 * position - 1] = 'x';
+  return text;
+}
+
+TEST(StackingSequence, AcceptedTexts) {
+  const struct {
+    std::string text;
+    Angles angles;
+    Materials materials;
+  } cases[] = {
+      {"(0/90)", {0, 90}, {1, 1}},
+      {"(0/90)2", {0, 90, 0, 90}, {1, 1, 1, 1}},
+      {"(0/90)+2", {0, 90, 0, 90}, {1, 1, 1, 1}},
+      {"(0/45/90)S", {0, 45, 90, 90, 45, 0}, {1, 1, 1, 1, 1, 1}},
+      {"(0/45/90)$", {0, 45, 90, 45, 0}, {1, 1, 1, 1, 1}},
+      {"(0/90)2S", {0, 90, 0, 90, 90, 0, 90, 0}, {1, 1, 1, 1, 1, 1, 1, 1}},
+      {"(0/90)2$", {0, 90, 0, 90, 0, 90, 0}, {1, 1, 1, 1, 1, 1, 1}},
+      {"(0/90)S", {0, 90, 90, 0}, {1, 1, 1, 1}},
+      {"(0/90)1S", {0, 90, 90, 0}, {1, 1, 1, 1}},
+      {"(0)S", {0, 0}, {1, 1}},
+      {"(30)$", {30}, {1}},
+      // Second-material plies, mirrored with their index.
+      {"(45.)", {45}, {2}},
+      {"(45.)$", {45}, {2}},
+      {"(0/45./90)S", {0, 45, 90, 90, 45, 0}, {1, 2, 1, 1, 2, 1}},
+      {"(-45./.5)2", {-45, 0.5f, -45, 0.5f}, {2, 1, 2, 1}},
+      // Blanks around the text, the tokens and the separators.
+      {"   (0/90)S   ", {0, 90, 90, 0}, {1, 1, 1, 1}},
+      {"( 0 / -22.5 /45. )", {0, -22.5f, 45}, {1, 1, 2}},
+      // Any single real: sign, exponent in E or D form.
+      {"(+1.5e1/-3D1/2.5E-1)", {15, -30, 0.25f}, {1, 1, 1}},
+  };
+  for (const auto& c : cases) {
+    Angles angles;
+    Materials materials;
+    EXPECT_EQ(parse_stacking_sequence(c.text, angles, &materials), kStackingOk) << c.text;
+    EXPECT_EQ(angles, c.angles) << c.text;
+    EXPECT_EQ(materials, c.materials) << c.text;
+    Angles angles_only;
+    EXPECT_EQ(parse_stacking_sequence(c.text, angles_only), kStackingOk) << c.text;
+    EXPECT_EQ(angles_only, c.angles) << c.text;
+  }
+}
+
+TEST(StackingSequence, RefusedTexts) {
+  const struct {
+    std::string text;
+    int status;
+  } cases[] = {
+      {"", kStackingSyntax},
+      {"   ", kStackingSyntax},
+      {"()", kStackingSyntax},       // fewer than 3 characters
+      {"(0/90", kStackingSyntax},    // no ")"
+      {"[0/90]", kStackingSyntax},   // no ")"
+      {"0/90)", kStackingSyntax},    // does not begin with "("
+      {"x(0/90)", kStackingSyntax},  // does not begin with "("
+      {"0/90)2", kStackingSyntax},   // no group to repeat
+      {"(0/90)X", kStackingSyntax},  // unknown mark
+      {"(0/90)s", kStackingSyntax},  // marks are case sensitive
+      {"(0/90)2X", kStackingSyntax},
+      {"()S", kStackingSyntax},       // mark on fewer than 4 characters
+      {"(0/90)0", kStackingSyntax},   // count 0 leaves no group
+      {"(0/90)-1", kStackingSyntax},  // as does a negative one
+      {"(0/90)0S", kStackingSyntax},
+      {"()1", kStackingSyntax},
+      // The readers' statuses pass through.
+      {"(0/90)S2", kReadBadSyntax},  // repeat count unreadable
+      {"(0/90) S", kReadBadSyntax},
+      {"(0/90)2.5", kReadBadSyntax},
+      {"(0/90)99999999999", kReadOutOfRange},
+      {"(0//90)", kReadBadSyntax},  // empty token
+      {"(/0)", kReadBadSyntax},
+      {"( )", kReadBadSyntax},
+      {"(0/a)", kReadBadSyntax},
+      {"(0 90)", kReadBadSyntax},  // two numbers in one token
+      {"(0,90)", kReadBadSyntax},
+      {"(0/90))", kReadBadSyntax},  // ")" kept as a mark joins the last token
+      {"(1e39)", kReadOutOfRange},
+      {"()2", kReadBadSyntax},  // the copies of an empty group are empty tokens
+  };
+  for (const auto& c : cases) {
+    // Stale content is released even though the parse fails.
+    Angles angles = {1, 2};
+    Materials materials = {1, 2};
+    EXPECT_EQ(parse_stacking_sequence(c.text, angles, &materials), c.status) << c.text;
+    EXPECT_TRUE(angles.empty()) << c.text;
+    EXPECT_TRUE(materials.empty()) << c.text;
+  }
+}
+
+TEST(StackingSequence, PlyLimit) {
+  const struct {
+    std::string what, text;
+    int status;
+    std::size_t plies;
+  } cases[] = {
+      {"254 tokens", tokens(254), kStackingOk, 254},
+      {"255 tokens", tokens(255), kStackingOk, 255},
+      {"256 tokens", tokens(256), kStackingTooManyPlies, 0},
+      {"127 tokens S", tokens(127, "0", "S"), kStackingOk, 254},
+      {"128 tokens S", tokens(128, "0", "S"), kStackingTooManyPlies, 0},
+      {"128 tokens $", tokens(128, "0", "$"), kStackingOk, 255},
+      {"129 tokens $", tokens(129, "0", "$"), kStackingTooManyPlies, 0},
+      {"4 x 63", "(0/45/-45/90)63", kStackingOk, 252},
+      {"4 x 64", "(0/45/-45/90)64", kStackingTooManyPlies, 0},
+      {"1 x 255", "(0)255", kStackingOk, 255},
+      {"1 x 256", "(0)256", kStackingTooManyPlies, 0},
+      {"2 x 64 $", "(0/90)64$", kStackingOk, 255},
+      {"2 x 64 S", "(0/90)64S", kStackingTooManyPlies, 0},
+      // A huge count is refused without being expanded.
+      {"huge count", "(0)2147483647", kStackingTooManyPlies, 0},
+      {"huge count S", "(0/90)2000000000S", kStackingTooManyPlies, 0},
+      // A bad token among the first plies is met before the limit...
+      {"bad first token, huge count", "(x)2000000000", kReadBadSyntax, 0},
+      {"bad 10th of 300", bad_token_at(300, 10), kReadBadSyntax, 0},
+      {"bad 255th of 300", bad_token_at(300, 255), kReadBadSyntax, 0},
+      // ...one past the 255th is not read: the limit is met first.
+      {"bad 256th of 300", bad_token_at(300, 256), kStackingTooManyPlies, 0},
+      // 1000 characters of "(0/0/...)": 499 tokens.
+      {"1000 characters", tokens(499) + " ", kStackingTooManyPlies, 0},
+  };
+  for (const auto& c : cases) {
+    Angles angles;
+    Materials materials;
+    EXPECT_EQ(parse_stacking_sequence(c.text, angles, &materials), c.status) << c.what;
+    EXPECT_EQ(angles.size(), c.plies) << c.what;
+    EXPECT_EQ(materials.size(), c.plies) << c.what;
+  }
+}
+
+TEST(StackingSequence, CallerBuffers) {
+  // A host's 1000-character text, blank padded or ending at a zero byte.
+  std::string padded = "(0/45./90)S";
+  padded.resize(1000, ' ');
+  std::string zero_ended = "(0/45./90)S";
+  zero_ended += '\0';
+  zero_ended += "/7)2";
+  zero_ended.resize(1000, '\0');
+  for (const std::string& text : {padded, zero_ended}) {
+    Angles angles;
+    Materials materials;
+    EXPECT_EQ(parse_stacking_sequence(text, angles, &materials), kStackingOk);
+    EXPECT_EQ(angles, (Angles{0, 45, 90, 90, 45, 0}));
+    EXPECT_EQ(materials, (Materials{1, 2, 1, 1, 2, 1}));
+  }
+}
+
+}  // namespace
+}  // namespace corvane
