@@ -1,0 +1,367 @@
+#include "laminas/lamina.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "laminas/matrix_product.h"
+#include "util/fixed_width.h"
+#include "util/keywords.h"
+
+namespace corvane {
+namespace {
+
+constexpr float kTiny = 1.0e-20f;
+
+// Reduced (plane-stress) stiffness of an orthotropic ply.
+Matrix3 reduced_stiffness(float e1, float e2, float g12, float v12, float nu21) {
+  const float d = 1.0f - v12 * nu21;
+  Matrix3 q;
+  q(1, 1) = e1 / d;
+  q(1, 2) = v12 * e2 / d;
+  q(2, 1) = q(1, 2);
+  q(2, 2) = e2 / d;
+  q(3, 3) = g12;
+  return q;
+}
+
+std::array<float, 3> product(const Matrix3& m, const std::array<float, 3>& x) {
+  std::array<float, 3> y{};
+  for (int i = 1; i <= 3; ++i) {
+    y[i - 1] = (m(i, 1) * x[0] + m(i, 2) * x[1]) + m(i, 3) * x[2];
+  }
+  return y;
+}
+
+// A row of fixed-point fields: value, width, decimals.
+struct Field {
+  float value;
+  int width;
+  int decimals;
+};
+
+std::string row(std::initializer_list<Field> fields) {
+  std::string line;
+  for (const Field& f : fields) line += format_fixed(f.value, f.width, f.decimals);
+  return line + "\n";
+}
+
+// Dashes under each 8-character column of a header, behind `indent` blanks.
+std::string column_rule(int indent, int columns) {
+  std::string line(static_cast<std::size_t>(indent), ' ');
+  for (int i = 0; i < columns; ++i) line += " -------";
+  return line + "\n";
+}
+
+}  // namespace
+
+LAMINA new_lamina(float CPT, float E1, float E2, float G12, float v12,
+                  float tension_allowable, float compression_allowable,
+                  std::optional<std::string_view> name, std::optional<bool> is_fabric) {
+  LAMINA m;
+  m.status = -1;
+  m.selector = 2;
+  m.F1t = m.F2t = m.F3t = m.F1c = m.F2c = m.F3c = m.F12 = m.F13 = m.F23 = 0.0f;
+  m.e1tu = m.uetall = m.uecall = 0.0f;
+  m.spare = 0.0f;
+  m.DENSITY = 0.0f;
+  m.is_fabric = false;
+  if (name) m.Name = std::string(*name);
+
+  if (CPT < 1.0e-5f) return m;
+  for (float x : {E1, E2, G12, v12, tension_allowable, compression_allowable}) {
+    if (x < 0.0f) return m;
+  }
+
+  m.CPT = CPT;
+  m.E1 = E1;
+  m.E2 = E2;
+  m.G12 = G12;
+  m.v12 = v12;
+  m.KBM = 0.85f;
+  m.E1b = 0.85f * E1;
+  m.E2b = 0.85f * E2;
+  m.G12b = 0.85f * G12;
+
+  m.nu21 = v12 * E2 / std::max(kTiny, E1);
+  m.Q = reduced_stiffness(E1, E2, G12, v12, m.nu21);
+  m.S = Matrix3{};
+  m.S(1, 1) = 1.0f / std::max(kTiny, E1);
+  m.S(1, 2) = -v12 / std::max(kTiny, E1);
+  m.S(2, 1) = m.S(1, 2);
+  m.S(2, 2) = 1.0f / std::max(kTiny, E2);
+  m.S(3, 3) = 1.0f / std::max(kTiny, G12);
+  m.update_design_stiffness();
+
+  if (is_fabric) {
+    m.is_fabric = *is_fabric;
+  } else if (E1 > 1.0f && E2 > 1.0f && std::abs(E1 - E2) < 1.0f) {
+    m.is_fabric = true;
+  }
+
+  const float t = tension_allowable;
+  if (t < 1.0f) {  // a strain
+    m.e1tu = t;
+    m.uetall = t;
+    m.F1t = E1 * t;
+  } else {  // a stress
+    m.F1t = t;
+    m.e1tu = t / E1;
+    m.uetall = 0.8f * m.e1tu;
+  }
+  m.uetall_third = m.uetall / 3.0f;
+
+  const float c = compression_allowable;
+  if (c < 1.0f) {
+    m.uecall = c;
+    m.F1c = E1 * c;
+  } else {
+    m.F1c = c;
+    m.uecall = c / E1;
+  }
+  m.uecall_third = m.uecall / 3.0f;
+  m.CAIH = 2.0f * (m.uecall / 3.0f);
+  m.CAIE = m.uecall / 3.0f;
+
+  // Stiffness invariants; the quasi-isotropic laminate keeps U1, U4 and U5.
+  const Matrix3& q = m.Q;
+  const float u1 =
+      (3.0f * q(1, 1) + 3.0f * q(2, 2) + 2.0f * q(1, 2) + 4.0f * q(3, 3)) / 8.0f;
+  const float u4 = (q(1, 1) + q(2, 2) + 6.0f * q(1, 2) - 4.0f * q(3, 3)) / 8.0f;
+  const float u5 = (q(1, 1) + q(2, 2) - 2.0f * q(1, 2) + 4.0f * q(3, 3)) / 8.0f;
+  m.Qiso = Matrix3{};
+  m.Qiso(1, 1) = u1;
+  m.Qiso(1, 2) = u4;
+  m.Qiso(2, 1) = u4;
+  m.Qiso(2, 2) = u1;
+  m.Qiso(3, 3) = u5;
+  m.nuiso = u4 / std::max(kTiny, u1);
+  m.Eiso = u1 * (1.0f - m.nuiso * m.nuiso);
+  m.Giso = u5;
+
+  m.a0oht = m.a0ohc = m.a0fht = 0.0f;
+  m.Kfht = 0.7f;
+  m.Kfhc = 0.6f;
+  m.DENSITY = 1.5e-6f;
+  m.Fbr = m.is_fabric ? m.F1c : 0.5f * m.F1c;
+  m.status = 0;
+  return m;
+}
+
+void LAMINA::set_kbm(float k) {
+  if (!(k > 0.0f && k <= 1.0f)) return;
+  KBM = k;
+  E1b = k * E1;
+  E2b = k * E2;
+  G12b = k * G12;
+  update_design_stiffness();
+}
+
+void LAMINA::update_design_stiffness() {
+  Qb = reduced_stiffness(E1b, E2b, G12b, v12, nu21);
+}
+
+Matrix3 LAMINA::stiffness_at_angle(float angle_deg, int which) const {
+  const float theta = angle_deg * 3.141593f / 180.0f;
+  const float m = std::cos(theta);
+  const float n = std::sin(theta);
+  const float mm = m * m;
+  const float nn = n * n;
+  const float mn = m * n;
+  Matrix3 t;  // stress transformation T(theta)
+  t(1, 1) = mm;
+  t(1, 2) = nn;
+  t(1, 3) = 2.0f * mn;
+  t(2, 1) = nn;
+  t(2, 2) = mm;
+  t(2, 3) = -2.0f * mn;
+  t(3, 1) = -mn;
+  t(3, 2) = mn;
+  t(3, 3) = mm - nn;
+  Matrix3 t_inv;  // T(-theta)
+  t_inv(1, 1) = mm;
+  t_inv(1, 2) = nn;
+  t_inv(1, 3) = -2.0f * mn;
+  t_inv(2, 1) = nn;
+  t_inv(2, 2) = mm;
+  t_inv(2, 3) = 2.0f * mn;
+  t_inv(3, 1) = mn;
+  t_inv(3, 2) = -mn;
+  t_inv(3, 3) = mm - nn;
+  // Engineering shear strain: R = diag(1, 1, 2).
+  Matrix3 r;
+  r(1, 1) = 1.0f;
+  r(2, 2) = 1.0f;
+  r(3, 3) = 2.0f;
+  Matrix3 r_inv;
+  r_inv(1, 1) = 1.0f;
+  r_inv(2, 2) = 1.0f;
+  r_inv(3, 3) = 0.5f;
+
+  const Matrix3& ply = which == 1 ? Qb : Q;
+  return matrix_product(matrix_product(matrix_product(matrix_product(t_inv, ply), r), t),
+                        r_inv);
+}
+
+float LAMINA::tsai_hill_rf(float s1, float s2, float t12) const {
+  const float x = s1 >= 0.0f ? F1t : F1c;
+  const float y = s2 >= 0.0f ? F2t : F2c;
+  const float s = F12;
+  if (std::min({x, y, s}) <= 0.0f) return 0.0f;
+  if (std::abs(s1) + std::abs(s2) + std::abs(t12) < 1.0e-5f) return 1.0e10f;
+  const float a = s1 / x;
+  const float b = s2 / y;
+  const float c = t12 / s;
+  return 1.0f / std::sqrt(a * a - s1 * s2 / (x * x) + b * b + c * c);
+}
+
+std::array<float, 3> LAMINA::stress_from_strain(
+    const std::array<float, 3>& strain) const {
+  return product(Q, strain);
+}
+
+std::array<float, 3> LAMINA::strain_from_stress(
+    const std::array<float, 3>& stress) const {
+  return product(S, stress);
+}
+
+void LAMINA::set_strengths(float f1t, float f1c, float f12, float f2t, float f2c) {
+  F1t = f1t;
+  F1c = f1c;
+  F12 = f12;
+  F2t = f2t;
+  F2c = f2c;
+  for (float f : {f1t, f1c, f12, f2t, f2c}) {
+    if (f < 0.0f) status = -1;
+  }
+}
+
+// How a notched strength turns into a characteristic length or notch factor
+// for a given hole diameter is not settled; until it is, the strength is kept
+// as given and the notch data stay as they are.
+void LAMINA::set_oht(float strength) { OHT = strength; }
+void LAMINA::set_ohc(float strength) { OHC = strength; }
+void LAMINA::set_fht(float strength) { FHT = strength; }
+
+void LAMINA::set_fhc(float strength) {
+  // 3.1401 is the constant of the method, not a rounded pi.
+  Kfhc = uecall / (3.1401f * strength / Eiso);
+}
+
+void LAMINA::set_by_key(std::span<const std::pair<std::string_view, float>> pairs) {
+  for (const auto& [raw_key, v] : pairs) {
+    const std::string key = normalize_keyword(raw_key);
+    const auto positive = [v](float& field) {
+      if (v > 0.0f) field = v;
+    };
+    const auto non_negative = [v](float& field) {
+      if (v >= 0.0f) field = v;
+    };
+    if (key == "KBM") {
+      if (v > 0.0f) set_kbm(v);
+    } else if (key == "CTE1") {
+      CTE1 = v;
+    } else if (key == "CTE2") {
+      CTE2 = v;
+    } else if (key == "F1T") {
+      positive(F1t);
+      e1tu = v / E1;  // even for v <= 0
+      if (is_fabric) e1tu = e1tu * 1.2f;
+    } else if (key == "F1C") {
+      positive(F1c);
+    } else if (key == "FBR") {
+      positive(Fbr);
+    } else if (key == "OHT") {
+      if (v > 0.0f) set_oht(v);
+    } else if (key == "OHC") {
+      if (v > 0.0f) set_ohc(v);
+    } else if (key == "FHT") {
+      if (v > 0.0f) set_fht(v);
+    } else if (key == "FHC") {
+      if (v > 0.0f) set_fhc(v);
+    } else if (key == "A0OHT") {
+      non_negative(a0oht);
+    } else if (key == "A0OHC") {
+      non_negative(a0ohc);
+    } else if (key == "A0FHT") {
+      non_negative(a0fht);
+    } else if (key == "KFHT") {
+      non_negative(Kfht);
+    } else if (key == "KFHC") {
+      non_negative(Kfhc);
+    } else if (key == "DENSITY") {
+      positive(DENSITY);
+    } else if (key == "E3") {
+      positive(E3);
+    } else if (key == "G13") {
+      positive(G13);
+    } else if (key == "G23") {
+      positive(G23);
+    } else if (key == "F2T") {
+      if (v > 0.0f) {
+        F2t = v;
+        if (is_fabric) e1tu = std::min(F1t, F2t) / E1;
+      }
+    } else if (key == "F2C") {
+      positive(F2c);
+    } else if (key == "F3T") {
+      positive(F3t);
+    } else if (key == "F3C") {
+      positive(F3c);
+    } else if (key == "F12") {
+      positive(F12);
+    } else if (key == "F13") {
+      positive(F13);
+    } else if (key == "F23") {
+      positive(F23);
+    } else if (key == "CAIH") {
+      positive(CAIH);
+    } else if (key == "CAIE") {
+      positive(CAIE);
+    }
+  }
+}
+
+std::string LAMINA::print_short() const {
+  if (status != 0) return "Error! Not valid lamina material.\n";
+  return pad_or_cut(Name, 20) + row({{CPT, 6, 3},
+                                     {E1, 8, 0},
+                                     {E2, 8, 0},
+                                     {G12, 8, 0},
+                                     {v12, 6, 3},
+                                     {KBM, 6, 3},
+                                     {uetall, 8, 5},
+                                     {uecall, 8, 5}});
+}
+
+std::string LAMINA::print_full() const {
+  if (status != 0) return "Error! Not valid lamina material.\n";
+  std::string text;
+  text +=
+      "Name                     CPT      E1      E2     G12     v12     KBM     E1b     "
+      "E2b    G12b\n";
+  text += column_rule(20, 9);
+  text += pad_or_cut(Name, 20) + row({{CPT, 8, 4},
+                                      {E1, 8, 0},
+                                      {E2, 8, 0},
+                                      {G12, 8, 0},
+                                      {v12, 8, 4},
+                                      {KBM, 8, 4},
+                                      {E1b, 8, 0},
+                                      {E2b, 8, 0},
+                                      {G12b, 8, 0}});
+  text += " uetall  uecall     F1t     F1c\n";
+  text += column_rule(0, 4);
+  text += row({{uetall, 8, 5}, {uecall, 8, 5}, {F1t, 8, 1}, {F1c, 8, 1}});
+  text += "     F2t     F2c     F12     F13\n";
+  text += column_rule(0, 4);
+  text += row({{F2t, 8, 1}, {F2c, 8, 1}, {F12, 8, 1}, {F13, 8, 1}});
+  text += "   a0oht   a0ohc   a0fht    Kfhc     Fbr\n";
+  text += column_rule(0, 5);
+  text += row({{a0oht, 8, 3}, {a0ohc, 8, 3}, {a0fht, 8, 3}, {Kfhc, 8, 3}, {Fbr, 8, 1}});
+  text += "    --------------------\n";
+  // The ply stiffness is positive definite only while 1 - v12 nu21 > 0.
+  if (!(1.0f - v12 * nu21 > 0.0f)) text += "Error! Material is ill conditioned.\n";
+  return text;
+}
+
+}  // namespace corvane

@@ -1,0 +1,106 @@
+// LAMINA: one orthotropic ply material (unidirectional tape or woven fabric):
+// elastic constants, strengths and allowable strains, thermal and notch data,
+// and the stiffness derived from them by classical lamination theory: the
+// reduced stiffness Q and compliance S in ply axes, the knocked-down (B-basis)
+// stiffness Qb, the quasi-isotropic stiffness Qiso from the stiffness
+// invariants, and the transformed stiffness at a ply angle.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "cdt_models/cdt_model.h"
+#include "util/matrix3.h"
+
+namespace corvane {
+
+struct LAMINA {
+  std::string Name;  // empty when none is given
+  float CPT = 0.0f;  // cured ply thickness
+  float E1 = 0.0f, E2 = 0.0f, E3 = 0.0f;
+  float G12 = 0.0f, G13 = 0.0f, G23 = 0.0f;
+  float v12 = 0.0f, nu21 = 0.0f;
+  Matrix3 Q;  // reduced stiffness, ply axes
+  Matrix3 S;  // compliance, ply axes
+  float CTE1 = 0.0f, CTE2 = 0.0f;
+  float KBM = 0.85f;  // knock-down factor on the moduli
+  float E1b = 0.0f, E2b = 0.0f, G12b = 0.0f;
+  Matrix3 Qb;    // reduced stiffness from the knocked-down moduli
+  Matrix3 Qiso;  // quasi-isotropic laminate of this ply
+  float Eiso = 0.0f, Giso = 0.0f, nuiso = 0.0f;
+  float F1t = 0.0f, F2t = 0.0f, F3t = 0.0f;  // strengths, compression positive
+  float F1c = 0.0f, F2c = 0.0f, F3c = 0.0f;
+  float F12 = 0.0f, F13 = 0.0f, F23 = 0.0f;
+  float e1tu = 0.0f;    // fibre-direction ultimate tensile strain
+  float uetall = 0.0f;  // allowable tensile strain
+  float uecall = 0.0f;  // allowable compressive strain, positive
+  float spare = 0.0f;   // zeroed by the constructor, not used otherwise
+  // Notch data: characteristic lengths and notch factors, bearing strength.
+  float a0oht = 0.0f, a0ohc = 0.0f, a0fht = 0.0f;
+  float Kfht = 0.7f, Kfhc = 0.6f;
+  float Fbr = 0.0f;
+  // Open-hole tension and compression and filled-hole tension strengths as
+  // given; see set_oht.
+  float OHT = 0.0f, OHC = 0.0f, FHT = 0.0f;
+  std::int32_t selector = 2;
+  CDTMODEL cdt_model;
+  // Derived strain limits.
+  float uetall_third = 0.0f, uecall_third = 0.0f;
+  float CAIH = 0.0f, CAIE = 0.0f;  // after impact, hard and easy
+  float DENSITY = 1.5e-6f;
+  bool is_fabric = false;
+  std::int32_t status = -1;  // -1 not a valid material, 0 valid
+
+  // Sets KBM and the knocked-down moduli when 0 < k <= 1, then Qb.
+  void set_kbm(float k);
+  // Recomputes Qb from E1b, E2b, G12b.
+  void update_design_stiffness();
+
+  // Text lines ending in "\n": the header line of a material list and one
+  // material's line under it, and the full table of one material.
+  static constexpr std::string_view kShortHeader =
+      "Name                   CPT      E1      E2     G12   v12   KBM  uetall  uecall";
+  std::string print_short() const;
+  std::string print_full() const;
+
+  // Transformed reduced stiffness at a ply angle in degrees; selector 1 uses Qb,
+  // anything else Q. A positive angle turns the fibre from x towards y.
+  Matrix3 stiffness_at_angle(float angle_deg, int selector = 0) const;
+
+  // Tsai-Hill reserve factor of the ply stresses; 0 when a strength is missing,
+  // 1.0e10 for a stress state that is practically zero.
+  float tsai_hill_rf(float s1, float s2, float t12) const;
+
+  // Ply axes: (s1, s2, t12) = Q (e1, e2, g12) and the reverse through S.
+  std::array<float, 3> stress_from_strain(const std::array<float, 3>& strain) const;
+  std::array<float, 3> strain_from_stress(const std::array<float, 3>& stress) const;
+
+  // Stores the five strengths; a negative one makes the material invalid.
+  void set_strengths(float f1t, float f1c, float f12, float f2t, float f2c);
+  // Notched strengths: the notch factors they would lead to are not derived, so
+  // these store the strength only.
+  void set_oht(float strength);
+  void set_ohc(float strength);
+  void set_fht(float strength);
+  // Filled-hole compression: sets Kfhc from the strength.
+  void set_fhc(float strength);
+
+  // Sets properties from (key, value) pairs. Keys are compared in upper case
+  // with trailing blanks ignored; a key that matches nothing is ignored.
+  void set_by_key(std::span<const std::pair<std::string_view, float>> pairs);
+};
+
+// Builds a ply material. An allowable below 1.0 is a strain, otherwise a
+// stress. The result has status -1 when CPT < 1.0e-5 or any input is negative.
+// Without is_fabric, near-equal E1 and E2 (above 1.0) mark a fabric.
+LAMINA new_lamina(float CPT, float E1, float E2, float G12, float v12,
+                  float tension_allowable, float compression_allowable,
+                  std::optional<std::string_view> name = {},
+                  std::optional<bool> is_fabric = {});
+
+}  // namespace corvane
