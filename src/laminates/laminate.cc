@@ -1,0 +1,339 @@
+#include "laminates/laminate.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <utility>
+
+#include "laminas/matrix_product.h"
+#include "laminates/inverse3x3.h"
+#include "util/fixed_width.h"
+#include "util/numerics.h"
+
+namespace corvane {
+namespace {
+
+using Vector3 = std::array<float, 3>;
+
+Vector3 product(const Matrix3& m, const Vector3& x) {
+  Vector3 y{};
+  for (int i = 1; i <= 3; ++i) {
+    y[i - 1] = (m(i, 1) * x[0] + m(i, 2) * x[1]) + m(i, 3) * x[2];
+  }
+  return y;
+}
+
+// MAX(x, floor) as single-precision hosts evaluate it: a NaN gives the floor,
+// and -0.0 against a floor of 0.0 gives +0.0.
+float floor_at(float x, float floor) { return x > floor ? x : floor; }
+
+// Transformed ply stiffness weighted by the through-thickness coordinates,
+// summed over the plies in stacking order. z holds n + 1 ply boundaries.
+enum class Weight { kExtensional, kCoupling, kBending };
+
+Matrix3 through_thickness(const std::vector<Matrix3>& qbar, const std::vector<float>& z,
+                          Weight weight) {
+  Matrix3 sum;
+  for (int j = 1; j <= 3; ++j) {
+    for (int i = 1; i <= 3; ++i) {
+      float s = 0.0f;
+      for (std::size_t k = 0; k < qbar.size(); ++k) {
+        const float zp = z[k], zk = z[k + 1];
+        const float q = qbar[k](i, j);
+        switch (weight) {
+          case Weight::kExtensional:
+            s = s + q * (zk - zp);
+            break;
+          case Weight::kCoupling:
+            s = s + (0.5f * q) * (zk * zk - zp * zp);
+            break;
+          case Weight::kBending:
+            s = s + (0.33333334f * q) * (zk * zk * zk - zp * zp * zp);
+            break;
+        }
+      }
+      sum(i, j) = s;
+    }
+  }
+  return sum;
+}
+
+// Inverse of [[A, B], [B, D]] by blocks from the inverse of [A]:
+//   [D*] = [D] - [B][A]^-1[B],  [d] = [D*]^-1,  [c] = -[d][B][A]^-1,
+//   [b] = -[A]^-1[B][d],  [a] = [A]^-1 - [A]^-1[B][c].
+struct BlockInverse {
+  Matrix3 dstar, a, b, c, d;
+};
+
+BlockInverse block_inverse(const Matrix3& a_inv, const Matrix3& b, const Matrix3& d) {
+  const Matrix3 a_inv_b = matrix_product(a_inv, b);
+  const Matrix3 b_a_inv = matrix_product(b, a_inv);
+  const Matrix3 b_a_inv_b = matrix_product(b_a_inv, b);
+  BlockInverse r;
+  for (std::size_t e = 0; e < 9; ++e) r.dstar.v[e] = d.v[e] + -1.0f * b_a_inv_b.v[e];
+  r.d = inverse3x3(r.dstar);
+  r.c = matrix_product(r.d, b_a_inv);
+  r.b = matrix_product(a_inv_b, r.d);
+  for (std::size_t e = 0; e < 9; ++e) {
+    r.c.v[e] = -r.c.v[e];
+    r.b.v[e] = -r.b.v[e];
+  }
+  const Matrix3 a_inv_b_c = matrix_product(a_inv_b, r.c);
+  for (std::size_t e = 0; e < 9; ++e) r.a.v[e] = a_inv.v[e] - a_inv_b_c.v[e];
+  return r;
+}
+
+// Thermal force per unit temperature of one ply in laminate axes:
+// T(theta)^-1 Q (CTE1, CTE2, 0), times the ply thickness.
+Vector3 thermal_force(const LAMINA& ply, float angle_deg) {
+  const float theta = angle_deg * 3.141593f / 180.0f;
+  const float m = std::cos(theta);
+  const float n = std::sin(theta);
+  const float mm = m * m, nn = n * n, mn = m * n;
+  Matrix3 t_inv;  // T(-theta)
+  t_inv(1, 1) = mm;
+  t_inv(1, 2) = nn;
+  t_inv(1, 3) = -2.0f * mn;
+  t_inv(2, 1) = nn;
+  t_inv(2, 2) = mm;
+  t_inv(2, 3) = 2.0f * mn;
+  t_inv(3, 1) = mn;
+  t_inv(3, 2) = -mn;
+  t_inv(3, 3) = mm - nn;
+  const Vector3 laminate_axes =
+      product(t_inv, product(ply.Q, {ply.CTE1, ply.CTE2, 0.0f}));
+  Vector3 force{};
+  for (std::size_t i = 0; i < 3; ++i) force[i] = laminate_axes[i] * ply.CPT;
+  return force;
+}
+
+std::string shortest(float x) {
+  std::array<char, 32> buf{};
+  const auto result = std::to_chars(buf.data(), buf.data() + buf.size(), x);
+  return std::string(buf.data(), result.ptr);
+}
+
+template <typename T, typename Format>
+std::string bracketed(const std::vector<T>& values, Format format) {
+  std::string text = "(";
+  for (std::size_t k = 0; k < values.size(); ++k) {
+    if (k > 0) text += '/';
+    text += format(values[k]);
+  }
+  return text + ")";
+}
+
+// A field without its padding.
+std::string compact(const std::string& field) {
+  return std::string(trim_trailing(move_left(field)));
+}
+
+std::string right(std::string_view label, std::size_t width) {
+  return std::string(width > label.size() ? width - label.size() : 0, ' ') +
+         std::string(label);
+}
+
+}  // namespace
+
+LAMINATE::LAMINATE(const LAMINA& m, std::span<const float> angles, std::string_view name)
+    : LAMINATE(std::vector<LAMINA>{m}, std::vector<float>(angles.begin(), angles.end()),
+               std::vector<std::int32_t>(angles.size(), 1), name) {}
+
+LAMINATE::LAMINATE(const LAMINA& m1, const LAMINA& m2, std::span<const float> angles,
+                   std::span<const std::int32_t> material_index, std::string_view name)
+    : LAMINATE(
+          std::vector<LAMINA>{m1, m2}, std::vector<float>(angles.begin(), angles.end()),
+          std::vector<std::int32_t>(material_index.begin(), material_index.end()), name) {
+}
+
+LAMINATE::LAMINATE(std::vector<LAMINA> materials_in, std::vector<float> angles_in,
+                   std::vector<std::int32_t> material_index_in, std::string_view name_in)
+    : name(name_in),
+      materials(std::move(materials_in)),
+      material_index(std::move(material_index_in)),
+      angles(std::move(angles_in)) {
+  compute_stiffness();
+}
+
+void LAMINATE::compute_stiffness() {
+  error = true;
+  nplies = static_cast<std::int32_t>(angles.size());
+  if (material_index.size() != angles.size()) return;
+  std::vector<const LAMINA*> ply;
+  ply.reserve(angles.size());
+  for (std::int32_t index : material_index) {
+    if (index < 1 || static_cast<std::size_t>(index) > materials.size()) return;
+    ply.push_back(&materials[static_cast<std::size_t>(index) - 1]);
+  }
+  const std::size_t n = angles.size();
+
+  h = 0.0f;
+  for (const LAMINA* p : ply) h = h + p->CPT;
+  std::vector<float> z(n + 1);
+  z[0] = -(h * 0.5f);
+  for (std::size_t k = 0; k < n; ++k) z[k + 1] = z[k] + ply[k]->CPT;
+
+  // The transformed stiffness of each ply, once: the same values a per-element
+  // evaluation would give, since each is a deterministic function of the ply.
+  std::vector<Matrix3> qbar(n), qbar_b(n);
+  Vector3 thermal{};  // thermal resultant per unit temperature
+  for (std::size_t k = 0; k < n; ++k) {
+    qbar[k] = ply[k]->stiffness_at_angle(angles[k]);
+    qbar_b[k] = ply[k]->stiffness_at_angle(angles[k], 1);
+    const Vector3 force = thermal_force(*ply[k], angles[k]);
+    for (std::size_t i = 0; i < 3; ++i) thermal[i] = thermal[i] + force[i];
+  }
+  A = through_thickness(qbar, z, Weight::kExtensional);
+  B = through_thickness(qbar, z, Weight::kCoupling);
+  D = through_thickness(qbar, z, Weight::kBending);
+  A_B = through_thickness(qbar_b, z, Weight::kExtensional);
+  B_B = through_thickness(qbar_b, z, Weight::kCoupling);
+  D_B = through_thickness(qbar_b, z, Weight::kBending);
+
+  // Only angles are compared; the middle ply of an odd stack is its own mirror.
+  symmetric = true;
+  for (std::size_t k = 0; k < n / 2; ++k) {
+    if (std::fabs(angles[k] - angles[n - 1 - k]) > 1.0e-6f) symmetric = false;
+  }
+
+  int status = kInverseOk;
+  const Matrix3 a_inv = inverse3x3(A, 1.0e-20f, &status);
+  if (status != kInverseOk) return;
+  BlockInverse blocks = block_inverse(a_inv, B, D);
+  Dstar = blocks.dstar;
+  a = blocks.a;
+  b = blocks.b;
+  c = blocks.c;
+  d = blocks.d;
+
+  // Membrane constants from [A]^-1 alone. The shear modulus comes from [A]
+  // itself, not from the compliance.
+  Ex = floor_at(1.0f / (a_inv(1, 1) * h), 1.0e-6f);
+  Ey = floor_at(1.0f / (a_inv(2, 2) * h), 1.0e-6f);
+  Gxy = floor_at(A(3, 3) / h, 1.0e-6f);
+  nuxy = floor_at(-(a_inv(1, 2) * h) * Ex, 0.0f);
+  nuyx = nuxy * Ey / Ex;
+
+  const Vector3 alpha = product(a_inv, thermal);
+  alphax = alpha[0];
+  alphay = alpha[1];
+  alphaxy = alpha[2];
+
+  const Matrix3 a_inv_b = inverse3x3(A_B, 1.0e-20f, &status);
+  if (status != kInverseOk) return;
+  blocks = block_inverse(a_inv_b, B_B, D_B);
+  Dstar_B = blocks.dstar;
+  a_B = blocks.a;
+  b_B = blocks.b;
+  c_B = blocks.c;
+  d_B = blocks.d;
+
+  error = false;
+}
+
+float LAMINATE::knock_down_factor(float x, int kind) const {
+  if (x < 0.0f || x > 1.0f) return 1.0f;
+  switch (kind) {
+    case 1:
+      return std::fmin(1.0f, std::sqrt(x));
+    case 2:
+      return 1.0f / (2.0f * (A(1, 2) / A(1, 1) + 1.0f) * (1.0f - x) *
+                         (A(1, 1) / (3.0f * A(2, 2) + A(1, 1))) +
+                     1.0f);
+    default:
+      return 0.0f;
+  }
+}
+
+float LAMINATE::plate_term(float width, float m) const {
+  if (m < 1.5f || m > 4.0f) return 0.0f;
+  int status = kInverseOk;
+  const Matrix3 compliance = inverse3x3(Dstar_B, 1.0e-20f, &status);
+  if (status != kInverseOk) return 0.0f;
+  // 9.869606 as written, one unit in the last place off the float nearest pi^2.
+  return m * 9.869606f / (width * width * compliance(1, 1));
+}
+
+LAMINATE LAMINATE::rotate(float delta_deg) const {
+  std::vector<float> turned = angles;
+  for (float& angle : turned) angle = angle + delta_deg;
+  return LAMINATE(materials, std::move(turned), material_index, name);
+}
+
+std::string LAMINATE::stacking_text() const { return bracketed(angles, shortest); }
+
+void LAMINATE::stacking_text(std::span<char> out) const {
+  const std::string text = pad_or_cut(stacking_text(), out.size());
+  std::copy(text.begin(), text.end(), out.begin());
+}
+
+std::string LAMINATE::report() const {
+  std::string text = "# Laminate: " + name + "\n";
+  text += "- Materials\n";
+  text += std::string(LAMINA::kShortHeader) + "\n";
+  for (const LAMINA& m : materials) text += m.print_short();
+
+  text += "- Laminate stacking and thickness\n";
+  text += "Angles Stacking : " + stacking_text() + "\n";
+  text += "Mats. Stacking  : " +
+          bracketed(material_index, [](std::int32_t i) { return std::to_string(i); }) +
+          "\n";
+  // Share of plies at 0, +-45 and 90 degrees (angles taken modulo 180).
+  std::array<int, 3> count{};
+  for (float angle : angles) {
+    const float r = std::fmod(std::fabs(angle), 180.0f);
+    if (r < 1.0e-3f || r > 180.0f - 1.0e-3f) ++count[0];
+    if (std::fabs(r - 45.0f) < 1.0e-3f || std::fabs(r - 135.0f) < 1.0e-3f) ++count[1];
+    if (std::fabs(r - 90.0f) < 1.0e-3f) ++count[2];
+  }
+  const float plies = static_cast<float>(std::max<std::size_t>(angles.size(), 1));
+  text += "Stacking style (%0/%45/%90) : ";
+  for (std::size_t i = 0; i < 3; ++i) {
+    if (i > 0) text += "/";
+    text += compact(format_fixed(100.0f * static_cast<float>(count[i]) / plies, 6, 1));
+  }
+  text += "\n";
+  text += "Plies           : " + std::to_string(nplies) + "\n";
+  text += "Thickness       : " + compact(format_fixed(h, 12, 4)) + "\n";
+  text += std::string("Symmetric       : ") + (symmetric ? "yes" : "no") + "\n";
+
+  text += "- Laminate apparent elastic moduli and strengths\n";
+  text += right("Ex", 10) + right("Ey", 10) + right("Gxy", 10) + right("NUxy", 8) +
+          right("NUyx", 8) + right("alphax", 12) + right("alphay", 12) +
+          right("alphaxy", 12) + "\n";
+  text += format_fixed(Ex, 10, 0) + format_fixed(Ey, 10, 0) + format_fixed(Gxy, 10, 0) +
+          format_fixed(nuxy, 8, 4) + format_fixed(nuyx, 8, 4) +
+          format_exponent(alphax, 12, 4) + format_exponent(alphay, 12, 4) +
+          format_exponent(alphaxy, 12, 4) + "\n";
+
+  text += "- Laminate stiffness matrices\n";
+  const std::array<const Matrix3*, 4> shown = {&A, &B, &D, &Dstar_B};
+  constexpr std::size_t kBlock = 3 * 11 + 2;
+  std::string heading;
+  for (std::string_view label : {"[A]", "[B]", "[D]", "[D*](B-basis)"}) {
+    heading += pad_or_cut(std::string(6, ' ') + std::string(label), kBlock);
+  }
+  text += std::string(trim_trailing(heading)) + "\n";
+  for (int i = 1; i <= 3; ++i) {
+    std::string line;
+    for (const Matrix3* m : shown) {
+      for (int j = 1; j <= 3; ++j) line += format_exponent((*m)(i, j), 11, 3);
+      line += "  ";
+    }
+    text += std::string(trim_trailing(line)) + "\n";
+  }
+  return text;
+}
+
+std::string LAMINATE::summary(bool header) const {
+  std::string text;
+  if (error) text += "Error! Plate force is ill conditioned.\n";
+  if (header) text += std::string(kSummaryHeader) + "\n";
+  text += pad_or_cut(name, 20) + format_fixed(h, 7, 3) + format_integer(nint(Ex), 9) +
+          format_integer(nint(Ey), 9) + format_integer(nint(Gxy), 9) +
+          format_fixed(nuxy, 8, 4) + "\n";
+  return text;
+}
+
+}  // namespace corvane
