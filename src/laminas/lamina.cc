@@ -12,16 +12,20 @@ namespace {
 
 constexpr float kTiny = 1.0e-20f;
 
+// A matrix written row by row, as the formulas read.
+Matrix3 by_rows(const std::array<std::array<float, 3>, 3>& rows) {
+  Matrix3 a;
+  for (int i = 1; i <= 3; ++i) {
+    for (int j = 1; j <= 3; ++j) a(i, j) = rows[i - 1][j - 1];
+  }
+  return a;
+}
+
 // Reduced (plane-stress) stiffness of an orthotropic ply.
 Matrix3 reduced_stiffness(float e1, float e2, float g12, float v12, float nu21) {
   const float d = 1.0f - v12 * nu21;
-  Matrix3 q;
-  q(1, 1) = e1 / d;
-  q(1, 2) = v12 * e2 / d;
-  q(2, 1) = q(1, 2);
-  q(2, 2) = e2 / d;
-  q(3, 3) = g12;
-  return q;
+  const float q12 = v12 * e2 / d;
+  return by_rows({{{e1 / d, q12, 0.0f}, {q12, e2 / d, 0.0f}, {0.0f, 0.0f, g12}}});
 }
 
 std::array<float, 3> product(const Matrix3& m, const std::array<float, 3>& x) {
@@ -84,12 +88,10 @@ LAMINA new_lamina(float CPT, float E1, float E2, float G12, float v12,
 
   m.nu21 = v12 * E2 / std::max(kTiny, E1);
   m.Q = reduced_stiffness(E1, E2, G12, v12, m.nu21);
-  m.S = Matrix3{};
-  m.S(1, 1) = 1.0f / std::max(kTiny, E1);
-  m.S(1, 2) = -v12 / std::max(kTiny, E1);
-  m.S(2, 1) = m.S(1, 2);
-  m.S(2, 2) = 1.0f / std::max(kTiny, E2);
-  m.S(3, 3) = 1.0f / std::max(kTiny, G12);
+  const float s12 = -v12 / std::max(kTiny, E1);
+  m.S = by_rows({{{1.0f / std::max(kTiny, E1), s12, 0.0f},
+                  {s12, 1.0f / std::max(kTiny, E2), 0.0f},
+                  {0.0f, 0.0f, 1.0f / std::max(kTiny, G12)}}});
   m.update_design_stiffness();
 
   if (is_fabric) {
@@ -128,12 +130,7 @@ LAMINA new_lamina(float CPT, float E1, float E2, float G12, float v12,
       (3.0f * q(1, 1) + 3.0f * q(2, 2) + 2.0f * q(1, 2) + 4.0f * q(3, 3)) / 8.0f;
   const float u4 = (q(1, 1) + q(2, 2) + 6.0f * q(1, 2) - 4.0f * q(3, 3)) / 8.0f;
   const float u5 = (q(1, 1) + q(2, 2) - 2.0f * q(1, 2) + 4.0f * q(3, 3)) / 8.0f;
-  m.Qiso = Matrix3{};
-  m.Qiso(1, 1) = u1;
-  m.Qiso(1, 2) = u4;
-  m.Qiso(2, 1) = u4;
-  m.Qiso(2, 2) = u1;
-  m.Qiso(3, 3) = u5;
+  m.Qiso = by_rows({{{u1, u4, 0.0f}, {u4, u1, 0.0f}, {0.0f, 0.0f, u5}}});
   m.nuiso = u4 / std::max(kTiny, u1);
   m.Eiso = u1 * (1.0f - m.nuiso * m.nuiso);
   m.Giso = u5;
@@ -167,35 +164,16 @@ Matrix3 LAMINA::stiffness_at_angle(float angle_deg, int which) const {
   const float mm = m * m;
   const float nn = n * n;
   const float mn = m * n;
-  Matrix3 t;  // stress transformation T(theta)
-  t(1, 1) = mm;
-  t(1, 2) = nn;
-  t(1, 3) = 2.0f * mn;
-  t(2, 1) = nn;
-  t(2, 2) = mm;
-  t(2, 3) = -2.0f * mn;
-  t(3, 1) = -mn;
-  t(3, 2) = mn;
-  t(3, 3) = mm - nn;
-  Matrix3 t_inv;  // T(-theta)
-  t_inv(1, 1) = mm;
-  t_inv(1, 2) = nn;
-  t_inv(1, 3) = -2.0f * mn;
-  t_inv(2, 1) = nn;
-  t_inv(2, 2) = mm;
-  t_inv(2, 3) = 2.0f * mn;
-  t_inv(3, 1) = mn;
-  t_inv(3, 2) = -mn;
-  t_inv(3, 3) = mm - nn;
+  // Stress transformation T(theta) and its inverse T(-theta).
+  const Matrix3 t =
+      by_rows({{{mm, nn, 2.0f * mn}, {nn, mm, -2.0f * mn}, {-mn, mn, mm - nn}}});
+  const Matrix3 t_inv =
+      by_rows({{{mm, nn, -2.0f * mn}, {nn, mm, 2.0f * mn}, {mn, -mn, mm - nn}}});
   // Engineering shear strain: R = diag(1, 1, 2).
-  Matrix3 r;
-  r(1, 1) = 1.0f;
-  r(2, 2) = 1.0f;
-  r(3, 3) = 2.0f;
-  Matrix3 r_inv;
-  r_inv(1, 1) = 1.0f;
-  r_inv(2, 2) = 1.0f;
-  r_inv(3, 3) = 0.5f;
+  const Matrix3 r =
+      by_rows({{{1.0f, 0.0f, 0.0f}, {0.0f, 1.0f, 0.0f}, {0.0f, 0.0f, 2.0f}}});
+  const Matrix3 r_inv =
+      by_rows({{{1.0f, 0.0f, 0.0f}, {0.0f, 1.0f, 0.0f}, {0.0f, 0.0f, 0.5f}}});
 
   const Matrix3& ply = which == 1 ? Qb : Q;
   return matrix_product(matrix_product(matrix_product(matrix_product(t_inv, ply), r), t),
@@ -248,8 +226,9 @@ void LAMINA::set_fhc(float strength) {
 }
 
 void LAMINA::set_by_key(std::span<const std::pair<std::string_view, float>> pairs) {
-  for (const auto& [raw_key, v] : pairs) {
-    const std::string key = normalize_keyword(raw_key);
+  for (const auto& pair : pairs) {
+    const std::string key = normalize_keyword(pair.first);
+    const float v = pair.second;
     const auto positive = [v](float& field) {
       if (v > 0.0f) field = v;
     };

@@ -61,8 +61,10 @@ struct LAMINA {
   // Recomputes Qb from E1b, E2b, G12b.
   void update_design_stiffness();
 
-  // Text lines ending in "\n": the header line of a material list and one
-  // material's line under it, and the full table of one material.
+  // Text lines ending in "\n": one material's line to stand under kShortHeader,
+  // and its full table, which ends with "Error! Material is ill conditioned."
+  // when 1 - v12 nu21 is not positive. An invalid material gives the single
+  // line "Error! Not valid lamina material." from both.
   static constexpr std::string_view kShortHeader =
       "Name                   CPT      E1      E2     G12   v12   KBM  uetall  uecall";
   std::string print_short() const;
