@@ -1,5 +1,6 @@
 #include "laminates/stacking_sequence.h"
 
+#include <algorithm>
 #include <array>
 #include <string>
 
@@ -37,8 +38,8 @@ int expand_repeat(std::string_view text, std::size_t close, std::string& expande
   // No group at all: the text cannot begin with "(", nor can its expansion.
   if (open == std::string_view::npos || open > close) return kStackingSyntax;
   const std::string_view group = text.substr(open + 1, close - open - 1);
-  std::size_t group_separators = 0;
-  for (char c : group) group_separators += c == '/' ? 1 : 0;
+  const auto group_separators =
+      static_cast<std::size_t>(std::count(group.begin(), group.end(), '/'));
 
   // A count below 1 leaves "()", which the checks of the ending refuse.
   expanded.assign(1, '(');
