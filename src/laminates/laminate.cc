@@ -251,7 +251,7 @@ float LAMINATE::plate_term(float width, float m) const {
   int status = kInverseOk;
   const Matrix3 compliance = inverse3x3(Dstar_B, 1.0e-20f, &status);
   if (status != kInverseOk) return 0.0f;
-  // 9.869606 as written, one unit in the last place off the float nearest pi^2.
+  // 9.869606 as written: two units in the last place above the float nearest pi^2.
   return m * 9.869606f / (width * width * compliance(1, 1));
 }
 
