@@ -84,13 +84,6 @@ TEST(RealToField8, EveryBandAndItsEdges) {
   }
 }
 
-TEST(IntegerToText, NoBlanks) {
-  EXPECT_EQ(integer_to_text(2001), "2001");
-  EXPECT_EQ(integer_to_text(-5), "-5");
-  EXPECT_EQ(integer_to_text(0), "0");
-  EXPECT_EQ(integer_to_text(std::numeric_limits<std::int32_t>::min()), "-2147483648");
-}
-
 TEST(TextToInteger, RoundsTheRealItReads) {
   const struct {
     const char* text;
