@@ -91,8 +91,10 @@ std::string pcomp_card(const LAMINATE& laminate) {
   fields[5] = "20";
   for (std::size_t k = 0; k < plies; ++k) {
     const std::int32_t index = laminate.material_index[k];
-    if (index < 1 || static_cast<std::size_t>(index) > laminate.materials.size())
+    // A ply without a material in the list cannot be written either.
+    if (index < 1 || static_cast<std::size_t>(index) > laminate.materials.size()) {
       return {};
+    }
     const LAMINA& material = laminate.materials[static_cast<std::size_t>(index) - 1];
     const std::size_t first = 9 + 4 * k;
     fields[first] = pad_or_cut(material.Name, 8);
