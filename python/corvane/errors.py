@@ -1,0 +1,25 @@
+"""The exceptions of the corvane package."""
+
+
+class CorvaneError(Exception):
+    """An entry point of the library returned a non-zero error code.
+
+    Attributes:
+        entry_point: name of the library's entry point that reported the error.
+        code: the error code it returned.
+        result: what the entry point wrote before returning, as the result
+            object the successful call would have given (for instance the
+            1.0e20 strains of ``strains_in_plane``), or None when the call
+            leaves nothing of use.
+    """
+
+    def __init__(self, entry_point, code, message, result=None):
+        super().__init__(f"{entry_point}: error code {code}: {message}")
+        self.entry_point = entry_point
+        self.code = code
+        self.result = result
+
+
+class LibraryError(OSError):
+    """The Corvane shared library could not be found or loaded, or lacks an
+    entry point."""

@@ -1,0 +1,240 @@
+"""Laminate stiffness and membrane strains, by classical laminate theory:
+the library's LAMINATE_STIFFNESS, BI_MATERIAL_LAMINATE_STIFFNESS and
+LAMINATE_STRAINS_IN_PLANE entry points."""
+
+import dataclasses
+import typing
+from ctypes import byref, c_float, c_int32, create_string_buffer
+
+import numpy as np
+
+from . import _convert, _library
+from .errors import CorvaneError
+
+
+@dataclasses.dataclass(frozen=True)
+class Ply:
+    """A ply material: thickness t (at least 1e-5), moduli E1 (along the
+    fibres), E2 (across), in-plane shear modulus G12 and major Poisson's ratio
+    nu12 (none negative), and thermal expansion coefficients CTE1 and CTE2.
+    Any consistent units (for instance mm, MPa, 1/K)."""
+
+    t: float
+    E1: float
+    E2: float
+    G12: float
+    nu12: float
+    CTE1: float = 0.0
+    CTE2: float = 0.0
+
+    def _arguments(self):
+        return _convert.reals(
+            self.t, self.E1, self.E2, self.G12, self.nu12, self.CTE1, self.CTE2
+        )
+
+    def _faults(self):
+        """The inputs the library refuses, in words."""
+        faults = []
+        if _convert.float32(self.t) < _convert.float32(1.0e-5):
+            faults.append(f"t = {self.t} is below 1e-5")
+        for name in ("E1", "E2", "G12", "nu12"):
+            value = getattr(self, name)
+            if _convert.float32(value) < 0.0:
+                faults.append(f"{name} = {value} is negative")
+        return faults
+
+
+_MATERIAL_RULE = "t below 1e-5, or E1, E2, G12 or nu12 negative"
+
+
+class InPlaneStrains(typing.NamedTuple):
+    """Membrane strains: eps_x, eps_y, the engineering shear strain gamma_xy,
+    and the direct strains along +45 and -45 degrees."""
+
+    eps_x: float
+    eps_y: float
+    gamma_xy: float
+    eps_p45: float
+    eps_m45: float
+
+
+@dataclasses.dataclass(frozen=True, eq=False)
+class LaminateStiffness:
+    """The stiffness of a laminate.
+
+    A, B, D, Dstar: [A], [B], [D] and [D*] = [D] - [B][A]^-1[B], read-only
+        3x3 float32 arrays, indices 0, 1, 2 for x, y and xy.
+    h: total thickness.
+    Ex, Ey, Gxy, nuxy: apparent membrane constants (from [A] alone).
+    alphax, alphay, alphaxy: apparent thermal expansion coefficients.
+    plies: number of plies after repeats and mirroring.
+    symmetric: whether the ply angles mirror about the mid-plane (only the
+        angles are compared, not the materials).
+    cards: bulk data cards (MAT8, PCOMP, MAT2) with CR LF line ends, without
+        the blank padding of the library's 10000-character buffer (the library
+        cuts a longer deck at 10000 characters).
+    """
+
+    A: np.ndarray
+    B: np.ndarray
+    D: np.ndarray
+    Dstar: np.ndarray
+    h: float
+    Ex: float
+    Ey: float
+    Gxy: float
+    nuxy: float
+    alphax: float
+    alphay: float
+    alphaxy: float
+    plies: int
+    symmetric: bool
+    cards: str
+
+    def strains(self, Nx=0.0, Ny=0.0, Nxy=0.0):
+        """Membrane strains under running loads: strains_in_plane with this
+        laminate's h, Ex, Ey, Gxy and nuxy."""
+        return strains_in_plane(
+            self.h, self.Ex, self.Ey, self.Gxy, self.nuxy, Nx, Ny, Nxy
+        )
+
+
+def _call_stiffness(entry, materials, layup, describe_material_fault):
+    layup_buffer = _convert.text_argument(layup, _library.LAYUP_LENGTH, "the layup")
+    symmetric, plies, ierr = c_int32(0), c_int32(0), c_int32(0)
+    a, b, d, dstar = ((c_float * 9)() for _ in range(4))
+    scalars = [c_float(0.0) for _ in range(8)]
+    cards = create_string_buffer(_library.CARDS_LENGTH)
+    entry_function = _library.entry_point(entry)
+    entry_function(
+        *materials,
+        layup_buffer,
+        _library.LAYUP_LENGTH,
+        byref(symmetric),
+        a,
+        b,
+        d,
+        dstar,
+        *(byref(s) for s in scalars),
+        byref(plies),
+        cards,
+        _library.CARDS_LENGTH,
+        byref(ierr),
+    )
+    code = ierr.value
+    if code == 1:
+        raise CorvaneError(entry, code, describe_material_fault())
+    if code != 0:
+        text = layup if isinstance(layup, str) else bytes(layup).decode("latin-1")
+        raise CorvaneError(
+            entry,
+            code,
+            f"the layup {text.strip()!r} was refused, or the laminate it describes "
+            "is unusable: a singular [A], or an apparent Ex, Ey, Gxy or nuxy below "
+            "1e-10 (nuxy = 0 included)",
+        )
+    h, ex, ey, gxy, nuxy, alphax, alphay, alphaxy = (s.value for s in scalars)
+    return LaminateStiffness(
+        A=_convert.matrix_result(a),
+        B=_convert.matrix_result(b),
+        D=_convert.matrix_result(d),
+        Dstar=_convert.matrix_result(dstar),
+        h=h,
+        Ex=ex,
+        Ey=ey,
+        Gxy=gxy,
+        nuxy=nuxy,
+        alphax=alphax,
+        alphay=alphay,
+        alphaxy=alphaxy,
+        plies=plies.value,
+        symmetric=symmetric.value != 0,
+        cards=_convert.text_result(cards),
+    )
+
+
+def laminate_stiffness(ply, layup):
+    """The stiffness of a laminate of one ply material.
+
+    ply: a Ply. layup: the stacking sequence, for instance "(0/45/-45/90)S"
+    ("(0/90)2" repeats, "S" mirrors, "$" mirrors about the middle ply); at most
+    1000 characters (ValueError otherwise) and 255 plies.
+
+    Raises CorvaneError with code 1 when the ply material is invalid (t below
+    1e-5, or E1, E2, G12 or nu12 negative) and code 2 when the layup is refused
+    or the laminate is unusable. Returns a LaminateStiffness.
+    """
+    return _call_stiffness(
+        "LAMINATE_STIFFNESS",
+        ply._arguments(),
+        layup,
+        lambda: "the ply material is invalid: "
+        + ("; ".join(ply._faults()) or _MATERIAL_RULE),
+    )
+
+
+def bi_material_laminate_stiffness(ply1, ply2, layup):
+    """The stiffness of a laminate of two ply materials.
+
+    A ply written with a trailing point in the layup, for instance "45.", is of
+    ply2; every other ply of ply1. Both materials must be valid even when the
+    layup uses only one of them.
+
+    Raises CorvaneError with code 1 when either material is invalid and code 2
+    when the layup is refused or the laminate is unusable. Returns a
+    LaminateStiffness.
+    """
+
+    def describe():
+        faults = [
+            f"material {n} is invalid: " + "; ".join(p._faults())
+            for n, p in ((1, ply1), (2, ply2))
+            if p._faults()
+        ]
+        return "; ".join(faults) or f"a ply material is invalid: {_MATERIAL_RULE}"
+
+    return _call_stiffness(
+        "BI_MATERIAL_LAMINATE_STIFFNESS",
+        ply1._arguments() + ply2._arguments(),
+        layup,
+        describe,
+    )
+
+
+def strains_in_plane(t, Ex, Ey, Gxy, nuxy, Nx, Ny, Nxy):
+    """Membrane strains of a laminate of thickness t with apparent constants
+    Ex, Ey, Gxy, nuxy under running loads Nx, Ny, Nxy (force per width).
+
+    eps_x = (Nx - nuxy Ny)/(Ex t), eps_y = (Ny - (Ey/Ex) nuxy Nx)/(Ey t),
+    gamma_xy = Nxy/(Gxy t), eps_p45 and eps_m45 = (eps_x + eps_y +- gamma_xy)/2.
+    t is not checked: t = 0 gives infinite or undefined strains.
+
+    Raises CorvaneError with code 1 when Ex, Ey or Gxy is below 1e-6; its
+    result then holds the library's 1.0e20 in eps_x, eps_y, eps_p45 and
+    eps_m45, and NaN in gamma_xy, which the library leaves unwritten.
+    Returns InPlaneStrains.
+    """
+    # gamma_xy starts as NaN: the library leaves it unwritten on error.
+    outputs = [c_float(0.0) for _ in range(5)]
+    outputs[2] = c_float(float("nan"))
+    ierr = c_int32(0)
+    _library.entry_point("LAMINATE_STRAINS_IN_PLANE")(
+        *_convert.reals(t, Ex, Ey, Gxy, nuxy, Nx, Ny, Nxy),
+        *(byref(o) for o in outputs),
+        byref(ierr),
+    )
+    result = InPlaneStrains(*(o.value for o in outputs))
+    if ierr.value != 0:
+        low = [
+            f"{name} = {value}"
+            for name, value in (("Ex", Ex), ("Ey", Ey), ("Gxy", Gxy))
+            if _convert.float32(value) < _convert.float32(1.0e-6)
+        ]
+        which = ", ".join(low) or "Ex, Ey or Gxy"
+        raise CorvaneError(
+            "LAMINATE_STRAINS_IN_PLANE",
+            ierr.value,
+            f"modulus below 1e-6: {which}",
+            result,
+        )
+    return result
