@@ -74,9 +74,10 @@ constexpr bool all_coefficients_positive() {
 }
 static_assert(all_coefficients_positive());
 
-// True when every value is above zero; a NaN is not.
-bool all_positive(std::initializer_list<float> values) {
-  return std::all_of(values.begin(), values.end(), [](float v) { return v > 0.0f; });
+// True when the smallest of the values is at or below zero. A NaN is never the
+// smallest (fmin passes over it), so a NaN alone does not reject the input.
+bool smallest_not_positive(std::initializer_list<float> values) {
+  return std::any_of(values.begin(), values.end(), [](float v) { return v <= 0.0f; });
 }
 
 float compression_coefficient(float ratio) {
@@ -114,7 +115,7 @@ HalfWaveSearch half_wave_search(const Matrix3& D, float a, float b, float nx, fl
   const float D66 = D(3, 3);
   HalfWaveSearch failed;
   failed.error = 1;
-  if (!all_positive({a, b, D66, D22, D12, D11})) return failed;
+  if (smallest_not_positive({a, b, D66, D22, D12, D11})) return failed;
 
   float a_eff = a;
   float b_eff = b;
@@ -210,7 +211,7 @@ int closed_form_estimate(float D11, float D12, float D22, float D66, float a, fl
   nxcr = 0.0f;
   nycr = 0.0f;
   nxycr = 0.0f;
-  if (!all_positive({a, b, D66, D22, D12, D11})) return 1;
+  if (smallest_not_positive({a, b, D66, D22, D12, D11})) return 1;
 
   // Aspect ratios of the equivalent isotropic plate; fourth roots as two square roots.
   const float rx = (a / b) * std::sqrt(std::sqrt(D22 / D11));

@@ -29,8 +29,9 @@ struct HalfWaveSearch {
 // longer than ten times its width. The search starts from 100000.0 and keeps it
 // when no mode gives a smaller positive factor (a tensile pair, or a plate too
 // stiff for its loads to fall below 100000 in the caller's units). Fails (error 1, the
-// rest 0) for a non-positive or NaN a, b, D11, D12, D22 or D66, and for an optimum still
-// moving at bound 90: bound 100 is never swept.
+// rest 0) for a non-positive a, b, D11, D12, D22 or D66, and for an optimum still
+// moving at bound 90: bound 100 is never swept. A NaN among them is not non-positive:
+// it passes the check, gives no positive factor, and so leaves 100000.0.
 HalfWaveSearch half_wave_search(const Matrix3& D, float a, float b, float nx, float ny);
 
 // Critical loads of the plate as positive magnitudes; 0 where none was found.
@@ -54,8 +55,9 @@ float interaction_rf(float rx, float ry, float rs);
 
 // Closed-form estimate of the critical loads from the coefficient tables, and the
 // reserve factor rf[i] of each load case (nx[i], ny[i], nxy[i]). Returns 0 on
-// success, 1 for a non-positive dimension or D term (all outputs 0), 2 when the
-// four arrays differ in size (critical loads computed, rf left at 0).
+// success, 1 for a non-positive dimension or D term (all outputs 0; a NaN passes
+// and spreads into the loads), 2 when the four arrays differ in size (critical
+// loads computed, rf left at 0).
 int closed_form_estimate(float D11, float D12, float D22, float D66, float a, float b,
                          std::span<const float> nx, std::span<const float> ny,
                          std::span<const float> nxy, std::span<float> rf, float& nxcr,

@@ -49,6 +49,12 @@ TEST(BucklingLoadsEntry, FailuresShowAsZeroLoadsWithErrorCodeZero) {
   EXPECT_EQ(out.ierr, 0);
   EXPECT_GT(out.nxcr, 0.0f);
   EXPECT_EQ(out.nycr + out.nxycr, 0.0f);
+  // A NaN D12 is not non-positive: no mode gives a positive factor, and the
+  // search reports its starting value.
+  out = buckling_loads(10.0f, NAN, 5.0f, 2.0f, 1.0f, 1.0f);
+  EXPECT_EQ(out.ierr, 0);
+  EXPECT_EQ(out.nxcr, 100000.0f);
+  EXPECT_EQ(out.nycr, 100000.0f);
 }
 
 TEST(BucklingRfEntry, ReserveFactorAndErrorCode) {

@@ -134,7 +134,7 @@ TEST(PlateBuckling, NonPositiveTermsGiveZerosEverywhere) {
       {orthotropic(0.0f, 1.0f, 5.0f, 2.0f), 1.0f, 1.0f},
       {orthotropic(10.0f, 1.0f, -5.0f, 2.0f), 1.0f, 1.0f},
       {orthotropic(10.0f, 1.0f, 5.0f, 0.0f), 1.0f, 1.0f},
-      {orthotropic(kNaN, 1.0f, 5.0f, 2.0f), 1.0f, 1.0f},
+      {orthotropic(kNaN, -1.0f, 5.0f, 2.0f), 1.0f, 1.0f},  // a NaN does not hide it
       {orthotropic(10.0f, 1.0f, 5.0f, 2.0f), 0.0f, 1.0f},
       {orthotropic(10.0f, 1.0f, 5.0f, 2.0f), 1.0f, -1.0f}};
   for (const auto& c : cases) {
@@ -151,6 +151,38 @@ TEST(PlateBuckling, NonPositiveTermsGiveZerosEverywhere) {
                                    rf, rf, rf, rf, nxcr, nycr, nxycr),
               1);
     EXPECT_EQ(rf[0] + nxcr + nycr + nxycr, 0.0f);
+  }
+}
+
+TEST(PlateBuckling, ANaNTermIsNotNonPositive) {
+  // Only a value at or below zero stops the routines. A NaN passes the check and
+  // makes every load factor NaN, never a positive one: the search keeps its
+  // starting value and the closed form carries the NaN into its loads.
+  const struct {
+    Matrix3 D;
+    float a, b;
+  } cases[] = {{orthotropic(kNaN, 1.0f, 5.0f, 2.0f), 1.0f, 1.0f},
+               {orthotropic(10.0f, kNaN, 5.0f, 2.0f), 1.0f, 1.0f},
+               {orthotropic(10.0f, 1.0f, kNaN, 2.0f), 1.0f, 1.0f},
+               {orthotropic(10.0f, 1.0f, 5.0f, kNaN), 1.0f, 1.0f},
+               {orthotropic(10.0f, 1.0f, 5.0f, 2.0f), kNaN, 1.0f},
+               {orthotropic(10.0f, 1.0f, 5.0f, 2.0f), 1.0f, kNaN}};
+  for (const auto& c : cases) {
+    const HalfWaveSearch s = half_wave_search(c.D, c.a, c.b, -1.0f, 0.0f);
+    EXPECT_EQ(s.error, 0);
+    EXPECT_EQ(s.lambda, 100000.0f);
+    EXPECT_EQ(s.m, 0);
+    float nxcr = 0.0f, nycr = 0.0f, nxycr = 0.0f;
+    EXPECT_EQ(closed_form_estimate(c.D(1, 1), c.D(1, 2), c.D(2, 2), c.D(3, 3), c.a, c.b,
+                                   {}, {}, {}, {}, nxcr, nycr, nxycr),
+              0);
+    EXPECT_TRUE(std::isnan(nxcr) || std::isnan(nycr));  // a NaN a or b spoils only one
+    CriticalLoads loads;
+    int error = 7;
+    plate_buckling(c.D, c.a, c.b, 1.0f, 1.0f, 0.0f, &loads, &error);
+    EXPECT_EQ(error, 0);
+    EXPECT_EQ(loads.nxcr, 100000.0f);
+    EXPECT_EQ(loads.nycr, 100000.0f);
   }
 }
 
