@@ -42,15 +42,9 @@ LAMINA ply_material(const PlyConstants& c) {
   return m;
 }
 
-// The stacking sequence always spans CORVANE_LAYUP_LENGTH characters; a C host's
-// zero byte ends it early.
-std::string_view layup_text(const char* buffer) {
-  const void* zero = std::memchr(buffer, '\0', CORVANE_LAYUP_LENGTH);
-  const std::size_t length =
-      zero == nullptr ? std::size_t{CORVANE_LAYUP_LENGTH}
-                      : static_cast<std::size_t>(static_cast<const char*>(zero) - buffer);
-  return {buffer, length};
-}
+// The stacking sequence always spans CORVANE_LAYUP_LENGTH characters; the parser
+// ends it at a C host's zero byte.
+std::string_view layup_text(const char* buffer) { return {buffer, CORVANE_LAYUP_LENGTH}; }
 
 // The host's result variables, argument for argument.
 struct Results {
