@@ -1,0 +1,43 @@
+# Installs the package offline into a fresh virtual environment, with a copy of
+# the library inside it, and runs the tests against that installation with no
+# CORVANE_LIBRARY and no PYTHONPATH: the package must find the library next to
+# itself. Run with cmake -P, given PYTHON, PACKAGE_DIR, LIBRARY and WORK_DIR.
+
+function(run)
+  execute_process(COMMAND ${ARGN} RESULT_VARIABLE status)
+  if(NOT status EQUAL 0)
+    list(JOIN ARGN " " command)
+    message(FATAL_ERROR "failed (${status}): ${command}")
+  endif()
+endfunction()
+
+file(REMOVE_RECURSE "${WORK_DIR}")
+# pip builds inside the folder it installs from: build a copy, not the sources.
+file(COPY "${PACKAGE_DIR}/pyproject.toml" "${PACKAGE_DIR}/corvane"
+     DESTINATION "${WORK_DIR}/source" PATTERN "__pycache__" EXCLUDE)
+file(COPY_FILE "${LIBRARY}" "${WORK_DIR}/source/corvane/libcorvane.so.0")
+
+set(venv "${WORK_DIR}/venv")
+run("${PYTHON}" -m venv --system-site-packages "${venv}")
+set(python "${venv}/bin/python")
+run("${python}" -m pip install --quiet --no-index --no-build-isolation --no-cache-dir
+    --disable-pip-version-check "${WORK_DIR}/source")
+
+unset(ENV{CORVANE_LIBRARY})
+unset(ENV{PYTHONPATH})
+set(ENV{PYTHONPYCACHEPREFIX} "${WORK_DIR}/pycache")
+execute_process(COMMAND "${python}" -c
+                        "import corvane; print(corvane.__file__); print(corvane.library_path())"
+                WORKING_DIRECTORY "${WORK_DIR}" OUTPUT_VARIABLE where
+                RESULT_VARIABLE status)
+file(REAL_PATH "${venv}" venv_path)
+string(STRIP "${where}" where)
+string(REPLACE "\n" ";" paths "${where}")
+foreach(path IN LISTS paths)
+  string(FIND "${path}" "${venv_path}/" position)
+  if(NOT status EQUAL 0 OR NOT position EQUAL 0)
+    message(FATAL_ERROR "the installed package or its library was not used:\n${where}")
+  endif()
+endforeach()
+run("${python}" -m pytest -q -p no:cacheprovider "${PACKAGE_DIR}/tests"
+    WORKING_DIRECTORY "${WORK_DIR}")
