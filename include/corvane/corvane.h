@@ -55,9 +55,13 @@ extern "C" {
  * alphax, alphay, alphaxy  out: apparent thermal expansion coefficients
  * plies                  out: number of plies
  * cards, cards_length    out: bulk data cards (MAT8, PCOMP, MAT2), lines
- *                        ending in CR LF, blank-padded to 10000 characters
- * ierr                   out: 0 success, 1 invalid ply material,
- *                        2 stacking sequence refused or laminate unusable
+ *                        ending in CR LF, blank-padded or cut to exactly
+ *                        10000 characters
+ * ierr                   out: 0 success; 1 invalid ply material; 2 stacking
+ *                        sequence refused (syntax, unreadable angle, 256
+ *                        plies or more), laminate unusable (singular [A], or
+ *                        Ex, Ey, Gxy or nuxy below 1e-10, nuxy = 0 included)
+ *                        or memory exhausted
  * On error, symmetric, dstar, plies and cards keep what the caller had in
  * them; the other outputs are zero.
  */
@@ -75,10 +79,13 @@ CORVANE_API void LAMINATE_STIFFNESS(const float* t, const float* e1, const float
  * written with a trailing point, e.g. "45.", is of material 2.
  *
  * t1 .. cte2_1           material 1: thickness, E1, E2, G12, nu12, CTE1, CTE2
- * t2 .. cte2_2           material 2, in the same order
+ * t2 .. cte2_2           material 2, in the same order; it must be valid
+ *                        even when no ply uses it
  * layup .. ierr          as for LAMINATE_STIFFNESS; ierr 1 when either
- *                        material is invalid. On error all results stay zero
- *                        and the card text is not written.
+ *                        material is invalid.
+ * Unlike LAMINATE_STIFFNESS, every result is zeroed on entry: on error the
+ * symmetric flag is 0, all four matrices ([D*] included) and the ply count
+ * are zero, and only the card text keeps what the caller had in it.
  */
 CORVANE_API void BI_MATERIAL_LAMINATE_STIFFNESS(
     const float* t1, const float* e1_1, const float* e2_1, const float* g12_1,
@@ -92,7 +99,8 @@ CORVANE_API void BI_MATERIAL_LAMINATE_STIFFNESS(
 /*
  * LAMINATE_STRAINS_IN_PLANE: membrane strains under running loads.
  *
- * t, ex, ey, gxy, nuxy   laminate thickness and apparent membrane constants
+ * t, ex, ey, gxy, nuxy   laminate thickness (not checked: 0 gives infinite
+ *                        strains) and apparent membrane constants
  * nx, ny, nxy            running loads (force per width)
  * eps_x, eps_y, gamma_xy out: strains; gamma_xy is the engineering shear strain
  * eps_p45, eps_m45       out: direct strains along +45 and -45 degrees
