@@ -9,7 +9,8 @@
 namespace corvane {
 namespace {
 
-const std::string kRangeMessage = "Error! are_almost_equal : d<1 or d>6 are not allowed!\n";
+const std::string kRangeMessage =
+    "Error! are_almost_equal : d<1 or d>6 are not allowed!\n";
 
 struct DigitsCase {
   float a, b;
