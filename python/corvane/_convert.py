@@ -42,7 +42,10 @@ def matrix_result(buffer):
 
 def text_argument(text, length, name):
     """A blank-padded buffer of exactly `length` bytes (no terminating zero)."""
-    data = text.encode("ascii") if isinstance(text, str) else bytes(text)
+    try:
+        data = text.encode("ascii") if isinstance(text, str) else bytes(text)
+    except UnicodeEncodeError:
+        raise ValueError(f"{name} must be ASCII text") from None
     if len(data.rstrip(b" ")) > length:
         raise ValueError(f"{name} is longer than {length} characters")
     data = data[:length].ljust(length, b" ")
