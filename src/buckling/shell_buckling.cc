@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstdint>
 #include <initializer_list>
+#include <limits>
 
 #include "laminates/inverse3x3.h"
 #include "util/numerics.h"
@@ -28,12 +29,13 @@ struct WaveTerms {
       A22_beta_R, D22_beta4, hoop;
 };
 
-// True when every value is above zero; a NaN is not.
-bool all_positive(std::initializer_list<float> values) {
-  return std::all_of(values.begin(), values.end(), [](float v) { return v > 0.0f; });
+// The smallest of values and the larger of two pass over a NaN (as fmin and fmax
+// do): a NaN comes out only when nothing else is left, and never hides a number.
+float smallest(std::initializer_list<float> values) {
+  float result = std::numeric_limits<float>::quiet_NaN();
+  for (const float v : values) result = std::fmin(result, v);
+  return result;
 }
-
-// The larger of two estimates; one that is NaN never hides the other.
 float larger(float x, float y) { return std::fmax(x, y); }
 
 }  // namespace
@@ -57,7 +59,7 @@ CylinderEstimate cylinder_estimate(const Matrix3& A, const Matrix3& D, float L, 
   const float B22 = 0.0f;
   const float B66 = 0.0f;
 
-  const float span = std::min(L, kPi * R / 4.0f);
+  const float span = std::fmin(L, kPi * R / 4.0f);
   const float step = span / 10.0f;
   // nint gives INT32_MIN for NaN and overflow, so the loops below do not run, and
   // never more than 2147483520, so m cannot overflow.
@@ -165,7 +167,7 @@ PanelSearch curved_panel_search(const Matrix3& A, const Matrix3& D, float L, flo
   float b_eff = b;
   if (b > 0.0f && L / b > kAspectCap) L_eff = kAspectCap * b;
   if (L > 0.0f && b / L > kAspectCap) b_eff = kAspectCap * L;
-  if (!all_positive({A(1, 1), A(1, 2), A(2, 2), A(3, 3), D11, D12, D22, D66, L, b})) {
+  if (smallest({A(1, 1), A(1, 2), A(2, 2), A(3, 3), D11, D12, D22, D66, L, b}) <= 0.0f) {
     return search;
   }
 
@@ -227,7 +229,7 @@ PanelSearch curved_panel_search(const Matrix3& A, const Matrix3& D, float L, flo
 
 float empirical_curvature_factor(float L, float b, float R, float t) {
   if (R < kFlat) return 1.0f;
-  if (!(L >= kFlat && b >= kFlat && t >= kFlat)) return 0.0f;
+  if (!(smallest({L, b, t}) >= kFlat)) return 0.0f;
   float aspect = 1.0f;
   float width = b;
   if (L < b) {
@@ -237,7 +239,7 @@ float empirical_curvature_factor(float L, float b, float R, float t) {
   }
   const float Z = width * width / (R * t);
   return 1.0f +
-         (0.01f * std::sqrt(std::min(aspect, 5.0f)) + 0.024f) * std::min(Z, 100.0f);
+         (0.01f * std::sqrt(std::fmin(aspect, 5.0f)) + 0.024f) * std::fmin(Z, 100.0f);
 }
 
 int compliance_curvature_factor(const Matrix3& A, float L, float b, float R, float t,
@@ -250,7 +252,7 @@ int compliance_curvature_factor(const Matrix3& A, float L, float b, float R, flo
   const float nuxy_nuyx = nuxy * nuxy * (1.0f / (t * a(2, 2))) / Ex;
   if (R < kFlat) {
     factor = 1.0f;
-  } else if (L >= kFlat && b >= kFlat && t >= kFlat && nuxy_nuyx >= 1.0e-5f) {
+  } else if (smallest({L, b, t}) >= kFlat && nuxy_nuyx >= 1.0e-5f) {
     const float Z = b * b / (R * t);
     float q = 12.0f * (1.0f - nuxy_nuyx) * (Z * Z);
     if (std::sqrt(q) > 40.0f) q = 1600.0f;

@@ -39,19 +39,20 @@ struct PanelSearch {
 // Smallest positive factor on the load pair (kx, ky) at which a simply supported
 // panel L x b of radius R (flat when R <= 0) buckles, over m, n = 1 .. 100. Neither
 // side is taken as longer than ten times the other. 0 when a used term of A or D
-// (A12 and D12 included) or a dimension is not positive, and when the optimum lies
-// on the edge of the search (m or n = 100); 100000 when no mode gives a smaller
-// positive factor, a singular A included.
+// (A12 and D12 included) or a dimension is zero or negative, and when the optimum
+// lies on the edge of the search (m or n = 100); 100000 when no mode gives a smaller
+// positive factor: a singular A, and a NaN among those terms, which passes the
+// check as min() passes over it.
 PanelSearch curved_panel_search(const Matrix3& A, const Matrix3& D, float L, float b,
                                 float R, float kx, float ky);
 
 // Empirical factor raising the flat-panel shear load for curvature: 1 for a flat
-// panel (R < 1e-5), 0 when L, b or t is below 1e-5. A panel shorter than it is wide
-// counts as square, with L as its width.
+// panel (R < 1e-5), 0 when the smallest of L, b and t (passing over a NaN) is below
+// 1e-5. A panel shorter than it is wide counts as square, with L as its width.
 float empirical_curvature_factor(float L, float b, float R, float t);
 
 // Curvature factor from the membrane compliance of A: 1 for a flat panel (R < 1e-5),
-// 0 when L, b or t is below 1e-5 or nuxy*nuyx is below 1e-5. Returns the status of
+// 0 when the smallest of L, b, t or nuxy*nuyx is below 1e-5. Returns the status of
 // the inversion of A (0 good, 1 singular); `factor` is written only on success.
 int compliance_curvature_factor(const Matrix3& A, float L, float b, float R, float t,
                                 float& factor);

@@ -204,26 +204,24 @@ TEST(CurvedPanelSearch, OptimumOnTheEdgeGivesNoLoad) {
 }
 
 TEST(CurvedPanelSearch, UnusableInput) {
-  // A non-positive or NaN stiffness term or dimension: no search, load 0.
+  // A stiffness term or dimension at or below zero: no search, load 0. A singular A
+  // (no compliance) or a NaN, which passes that check, leaves no mode: 100000.
   const struct {
     Matrix3 A, D;
-    float L, b;
-  } refused[] = {{orthotropic(50000, 0, 40000, 17000), kQuasiD, 600, 300},  // A12 = 0
-                 {kQuasiA, kNoD12, 600, 300},
-                 {orthotropic(kNaN, 15000, 40000, 17000), kQuasiD, 600, 300},
-                 {kQuasiA, kQuasiD, 0, 300},
-                 {kQuasiA, kQuasiD, 600, kNaN}};
-  for (const auto& c : refused) {
+    float L, b, load;
+  } cases[] = {{orthotropic(50000, 0, 40000, 17000), kQuasiD, 600, 300, 0.0f},  // A12
+               {kQuasiA, kNoD12, 600, 300, 0.0f},
+               {kQuasiA, kQuasiD, 0, 300, 0.0f},
+               {kQuasiA, kQuasiD, 600, -300, 0.0f},
+               {kSingularA, kQuasiD, 600, 300, 100000.0f},
+               {orthotropic(kNaN, 15000, 40000, 17000), kQuasiD, 600, 300, 100000.0f},
+               {kQuasiA, kQuasiD, 600, kNaN, 100000.0f}};
+  for (const auto& c : cases) {
     const PanelSearch search = curved_panel_search(c.A, c.D, c.L, c.b, 1500, -1, 0);
-    EXPECT_EQ(search.load, 0.0f);
+    EXPECT_EQ(search.load, c.load);
     EXPECT_EQ(search.m, 0);
     EXPECT_EQ(search.n, 0);
   }
-  // Positive terms but a singular A: its compliance is unknown, no mode qualifies.
-  const PanelSearch search =
-      curved_panel_search(kSingularA, kQuasiD, 600, 300, 1500, -1, 0);
-  EXPECT_EQ(search.load, 100000.0f);
-  EXPECT_EQ(search.m, 0);
 }
 
 TEST(CurvatureFactor, Empirical) {
