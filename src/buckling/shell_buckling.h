@@ -25,13 +25,13 @@ struct CylinderEstimate {
 // along the length and n = 1 .. round(2 pi R/s) full waves round the circumference,
 // with s a tenth of min(L, pi R/4); it starts from 1e30 and keeps that value when no
 // mode gives a smaller one (also when a count is zero or cannot be formed). The
-// step count grows with R/L and with L/R without bound: a radius a million times
-// the length takes some six hundred million steps.
+// mode count grows with R/L and with L/R and is not capped: a radius a million
+// times the length takes some six hundred million modes.
 CylinderEstimate cylinder_estimate(const Matrix3& A, const Matrix3& D, float L, float R);
 
 // Outcome of the curved-panel search.
 struct PanelSearch {
-  float load = 0.0f;  // critical factor on the load pair; 0 when none was found
+  float load = 0.0f;  // critical factor on the load pair, or 0 or 100000 (below)
   int m = 0;          // half-waves along L at the optimum (0: none)
   int n = 0;          // half-waves along b at the optimum
 };
