@@ -184,7 +184,8 @@ float LAMINA::tsai_hill_rf(float s1, float s2, float t12) const {
   const float x = s1 >= 0.0f ? F1t : F1c;
   const float y = s2 >= 0.0f ? F2t : F2c;
   const float s = F12;
-  if (std::min({x, y, s}) <= 0.0f) return 0.0f;
+  // Each strength on its own: a NaN among them must not hide a zero one.
+  if (x <= 0.0f || y <= 0.0f || s <= 0.0f) return 0.0f;
   if (std::abs(s1) + std::abs(s2) + std::abs(t12) < 1.0e-5f) return 1.0e10f;
   const float a = s1 / x;
   const float b = s2 / y;
@@ -278,7 +279,7 @@ void LAMINA::set_by_key(std::span<const std::pair<std::string_view, float>> pair
     } else if (key == "F2T") {
       if (v > 0.0f) {
         F2t = v;
-        if (is_fabric) e1tu = std::min(F1t, F2t) / E1;
+        if (is_fabric) e1tu = std::fmin(F1t, F2t) / E1;  // a NaN F1t is passed over
       }
     } else if (key == "F2C") {
       positive(F2c);

@@ -294,6 +294,9 @@ TEST(TsaiHill, MissingStrengthOfTheLoadedSenseGivesZero) {
   EXPECT_GT(m.tsai_hill_rf(-10, 10, 0), 0.0f);
   m.set_strengths(2000, 1500, 0, 50, 200);
   EXPECT_EQ(m.tsai_hill_rf(0, 0, 0), 0.0f);  // before the zero-stress test
+  // A NaN strength beside a zero one: the zero one still decides.
+  m.set_strengths(std::numeric_limits<float>::quiet_NaN(), 1500, 100, 0, 200);
+  EXPECT_EQ(m.tsai_hill_rf(10, 10, 0), 0.0f);
 }
 
 TEST(SetStrengths, NegativeMakesTheMaterialInvalid) {
@@ -400,6 +403,10 @@ TEST(SetByKey, FabricUltimateStrain) {
   m.set_by_key(f1t);
   EXPECT_FLOAT_EQ(m.e1tu, 840.0f / 70000 * 1.2f);
   const Pairs f2t = {{"F2T", 700}};
+  m.set_by_key(f2t);
+  EXPECT_FLOAT_EQ(m.e1tu, 700.0f / 70000);
+  // The lesser tension strength passes over a NaN one.
+  m.set_strengths(std::numeric_limits<float>::quiet_NaN(), 600, 100, 700, 600);
   m.set_by_key(f2t);
   EXPECT_FLOAT_EQ(m.e1tu, 700.0f / 70000);
 }
