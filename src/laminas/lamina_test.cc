@@ -139,6 +139,50 @@ TEST(NewLamina, QuasiIsotropicConstantsOfATape) {
   EXPECT_NEAR(m.Giso, u5, 1e-6 * u5);
 }
 
+// Float values worked out step by step in single precision, rounding after each
+// operation in the order the formulas are written. A regrouped sum or product
+// (3 (Q11 + Q22) in U1, U1 - U1 nuiso^2 for Eiso, v12 (E2 / D) for Q12, the
+// degree factor folded into one constant, the rotation chain associated from
+// the right) moves at least one of them by a unit in the last place.
+struct ExactCase {
+  float e1, e2, g12, v12;
+  std::array<float, 9> derived;  // nu21, Q11, Q12, Q22, U1, U4, U5, Eiso, CAIH
+  float uetall;
+  std::array<float, 6> at_minus_60;  // Q11, Q12, Q22, Q13, Q23, Q33 at -60 degrees
+};
+
+TEST(NewLamina, SinglePrecisionValuesToTheLastBit) {
+  const ExactCase cases[] = {
+      {125000,
+       9300,
+       4600,
+       0.28f,
+       {0.0208320003f, 125733.398f, 2619.27808f, 9354.56445f, 53612.8047f, 16550.4551f,
+        18531.1758f, 48503.6211f, 0.00800000038f},
+       0.0160000008f,
+       {17552.5078f, 23516.041f, 75741.9375f, -13132.0039f, -37261.5117f, 25496.7617f}},
+      {140000,
+       8800,
+       5000,
+       0.3f,
+       {0.018857142f, 140796.5f, 2655.01978f, 8850.06641f, 59281.2148f, 18197.0859f,
+        20542.0645f, 53695.3984f, 0.00714285718f},
+       0.0142857153f,
+       {18523.5742f, 25968.1191f, 84496.8047f, -15107.416f, -42027.0703f, 28313.0977f}},
+  };
+  for (const ExactCase& c : cases) {
+    const LAMINA m = new_lamina(0.125f, c.e1, c.e2, c.g12, c.v12, 2500, 1500);
+    const std::array<float, 9> derived{m.nu21,       m.Q(1, 1),    m.Q(1, 2),
+                                       m.Q(2, 2),    m.Qiso(1, 1), m.Qiso(1, 2),
+                                       m.Qiso(3, 3), m.Eiso,       m.CAIH};
+    EXPECT_EQ(derived, c.derived) << c.e1;
+    EXPECT_EQ(m.uetall, c.uetall) << c.e1;
+    const Matrix3 q = m.stiffness_at_angle(-60);
+    const std::array<float, 6> at{q(1, 1), q(1, 2), q(2, 2), q(1, 3), q(2, 3), q(3, 3)};
+    EXPECT_EQ(at, c.at_minus_60) << c.e1;
+  }
+}
+
 struct InvalidCase {
   const char* what;
   std::array<float, 7> args;  // CPT, E1, E2, G12, v12, tension, compression
