@@ -1,0 +1,88 @@
+// The corvane command: laminate stiffness, strains and buckling loads from a
+// terminal, through the library's entry points.
+#include <CLI/CLI.hpp>
+#include <iostream>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "command_line.h"
+#include "commands.h"
+
+#ifndef CORVANE_VERSION
+#define CORVANE_VERSION "unknown"
+#endif
+
+int main(int argc, char** argv) {
+  using namespace corvane::cli;
+  CLI::App program(
+      "corvane: stiffness, strains and buckling loads of fibre-reinforced laminates.\n"
+      "Units are any consistent set; the built-in material is in mm, MPa and 1/K:\n"
+      "a carbon/epoxy tape with t = 0.125, E1 = 135000, E2 = 10000, G12 = 5000,\n"
+      "nu12 = 0.3, CTE1 = -0.3e-6, CTE2 = 28e-6; the default layup is (0/45/-45/90)S.",
+      "corvane");
+  program.set_version_flag("--version", std::string("corvane ") + CORVANE_VERSION);
+  program.require_subcommand(1);
+
+  std::vector<std::unique_ptr<Command>> commands;
+  commands.push_back(add_stiffness_command(program));
+  commands.push_back(add_strains_command(program));
+  commands.push_back(add_plate_buckling_command(program));
+  commands.push_back(add_reserve_factor_command(program));
+  commands.push_back(add_shell_buckling_command(program));
+  program.footer(
+      "Run \"corvane COMMAND --help\" for a command's options and examples.\n"
+      "Exit status: 0 success, 1 the library refused the input or found no result,\n"
+      "2 a wrong command line, 3 an output file could not be written.");
+
+  // The name of the chosen command, for error lines.
+  const auto command_name = [&]() -> std::string {
+    for (const auto& command : commands) {
+      if (command->parser().parsed()) return "corvane " + command->parser().get_name();
+    }
+    return "corvane";
+  };
+
+  // Without this the parser would only say that a command is required.
+  if (argc > 1 && argv[1][0] != '-') {
+    const std::string name = argv[1];
+    bool known = false;
+    std::string names;
+    for (const auto& command : commands) {
+      known = known || command->parser().get_name() == name;
+      names += (names.empty() ? "" : ", ") + command->parser().get_name();
+    }
+    if (!known) {
+      std::cerr << "corvane: unknown command \"" << name << "\"; the commands are "
+                << names << '\n';
+      return kExitUsage;
+    }
+  }
+
+  try {
+    program.parse(argc, argv);
+  } catch (const CLI::CallForHelp& e) {
+    return program.exit(e);
+  } catch (const CLI::CallForAllHelp& e) {
+    return program.exit(e);
+  } catch (const CLI::CallForVersion& e) {
+    return program.exit(e);
+  } catch (const CLI::ParseError& e) {
+    std::cerr << command_name() << ": " << e.what() << " (see --help)\n";
+    return kExitUsage;
+  }
+
+  for (const auto& command : commands) {
+    if (!command->parser().parsed()) continue;
+    try {
+      return command->run(std::cout, std::cerr);
+    } catch (const UsageError& e) {
+      std::cerr << command_name() << ": " << e.message << " (see --help)\n";
+      return kExitUsage;
+    } catch (const std::exception& e) {
+      std::cerr << command_name() << ": " << e.what() << '\n';
+      return kExitFailed;
+    }
+  }
+  return kExitUsage;
+}

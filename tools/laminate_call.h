@@ -1,0 +1,67 @@
+// The command's side of the stiffness entry points: a ply material as seven
+// values, the call with its 1000- and 10000-character texts, the results as
+// plain values, and the words that explain a refused material or layup.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace corvane::cli {
+
+// One ply material: thickness, moduli, Poisson's ratio, thermal expansion.
+struct PlyMaterial {
+  float t, e1, e2, g12, nu12, cte1, cte2;
+};
+
+// The built-in carbon/epoxy tape (mm, MPa, 1/K).
+inline constexpr PlyMaterial kBuiltInTape{0.125f, 135000.0f, 10000.0f, 5000.0f,
+                                          0.3f,   -0.3e-6f,  28.0e-6f};
+inline constexpr std::string_view kDefaultLayup = "(0/45/-45/90)S";
+
+// Names of the seven values, in the order of PlyMaterial: the option
+// (without "--"), the printed label and a few words of meaning.
+struct MaterialField {
+  std::string_view option, label, meaning;
+  float PlyMaterial::*value;
+};
+inline constexpr std::array<MaterialField, 7> kMaterialFields{{
+    {"t", "t", "ply thickness", &PlyMaterial::t},
+    {"e1", "E1", "modulus along the fibres", &PlyMaterial::e1},
+    {"e2", "E2", "modulus across the fibres", &PlyMaterial::e2},
+    {"g12", "G12", "in-plane shear modulus", &PlyMaterial::g12},
+    {"nu12", "nu12", "major Poisson's ratio", &PlyMaterial::nu12},
+    {"cte1", "CTE1", "thermal expansion along the fibres", &PlyMaterial::cte1},
+    {"cte2", "CTE2", "thermal expansion across the fibres", &PlyMaterial::cte2},
+}};
+
+using Matrix = std::array<float, 9>;  // column order, as the entry points use
+
+struct StiffnessResult {
+  std::string entry_point;  // which of the two stiffness entry points ran
+  std::int32_t error_code = 0;
+  bool symmetric = false;
+  Matrix a{}, b{}, d{}, dstar{};
+  float h = 0.0f, ex = 0.0f, ey = 0.0f, gxy = 0.0f, nuxy = 0.0f;
+  float alphax = 0.0f, alphay = 0.0f, alphaxy = 0.0f;
+  std::int32_t plies = 0;
+  std::string cards;  // the deck without its trailing blank padding
+};
+
+// Calls LAMINATE_STIFFNESS, or BI_MATERIAL_LAMINATE_STIFFNESS when a second
+// material is given. The layup must not be longer than 1000 characters.
+StiffnessResult laminate_stiffness(const PlyMaterial& material,
+                                   const std::optional<PlyMaterial>& second,
+                                   std::string_view layup);
+
+// The meaning of a stiffness error code, in a few words.
+std::string stiffness_error_meaning(std::int32_t code);
+
+// Which value makes the material invalid, as "E2 = -10000 is negative", or an
+// empty text when none does. `prefix` is put between "--" and the option
+// names: empty for the first material, "m2-" for the second.
+std::string material_problem(const PlyMaterial& material, std::string_view prefix);
+
+}  // namespace corvane::cli

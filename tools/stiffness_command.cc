@@ -1,0 +1,110 @@
+// corvane stiffness: [A], [B], [D], [D*], the apparent constants and the bulk
+// data cards of a laminate.
+#include <fstream>
+#include <ostream>
+
+#include "command_line.h"
+#include "commands.h"
+#include "number_text.h"
+
+namespace corvane::cli {
+namespace {
+
+class StiffnessCommand : public Command {
+ public:
+  explicit StiffnessCommand(CLI::App& program) {
+    app_ = program.add_subcommand(
+        "stiffness",
+        "[A], [B], [D], [D*], apparent constants and bulk data cards of a laminate");
+    laminate_.add_to(*app_);
+    app_->add_option("--cards", cards_file_,
+                     "write the bulk data cards (MAT8, PCOMP, MAT2; CR LF line ends) to "
+                     "FILE")
+        ->type_name("FILE");
+    app_->add_flag("--json", json_, "print the results as JSON");
+    app_->footer(
+        "Examples:\n"
+        "  corvane stiffness\n"
+        "  corvane stiffness \"(0/90)2S\" --e1 140000 --cards laminate.bdf\n"
+        "  corvane stiffness \"(0/45./-45./90)S\" --m2-t 0.2 --m2-e1 60000 --m2-e2 "
+        "60000");
+  }
+
+  CLI::App& parser() override { return *app_; }
+
+  int run(std::ostream& out, std::ostream& err) override {
+    Output o("stiffness", json_, out, err);
+    const StiffnessResult r = laminate_.compute();
+    Json& data = o.data();
+    data.update(laminate_.describe());
+    data["entry_point"] = r.entry_point;
+    if (r.error_code != 0) {
+      return o.fail(r.error_code, stiffness_error_meaning(r.error_code),
+                    stiffness_failure(r, laminate_));
+    }
+    data["error_code"] = 0;
+    data["plies"] = r.plies;
+    data["symmetric"] = r.symmetric;
+    data["h"] = json_real(r.h);
+    data["A"] = matrix_json(r.a);
+    data["B"] = matrix_json(r.b);
+    data["D"] = matrix_json(r.d);
+    data["Dstar"] = matrix_json(r.dstar);
+    data["Ex"] = json_real(r.ex);
+    data["Ey"] = json_real(r.ey);
+    data["Gxy"] = json_real(r.gxy);
+    data["nuxy"] = json_real(r.nuxy);
+    data["alphax"] = json_real(r.alphax);
+    data["alphay"] = json_real(r.alphay);
+    data["alphaxy"] = json_real(r.alphaxy);
+    data["cards"] = r.cards;
+
+    if (!cards_file_.empty()) {
+      std::ofstream file(cards_file_, std::ios::binary);
+      file << r.cards;
+      file.close();
+      if (!file) {
+        o.error_line("cannot write the cards to " + cards_file_);
+        return kExitFile;
+      }
+    }
+    if (o.json()) return o.finish();
+
+    out << "Laminate " << laminate_.layup() << ": " << r.plies << " plies, "
+        << (r.symmetric ? "symmetric" : "not symmetric") << '\n';
+    const std::optional<PlyMaterial> second = laminate_.second_material();
+    out << (second ? "Material 1: " : "Material:   ")
+        << material_line(laminate_.material()) << '\n';
+    if (second) out << "Material 2: " << material_line(*second) << '\n';
+    out << '\n';
+    print_matrix(out, "[A]", r.a);
+    print_matrix(out, "[B]", r.b);
+    print_matrix(out, "[D]", r.d);
+    print_matrix(out, "[D*]", r.dstar);
+    out << '\n';
+    print_value(out, "h", r.h);
+    print_value(out, "Ex", r.ex);
+    print_value(out, "Ey", r.ey);
+    print_value(out, "Gxy", r.gxy);
+    print_value(out, "nu_xy", r.nuxy);
+    print_value(out, "alpha_x", r.alphax);
+    print_value(out, "alpha_y", r.alphay);
+    print_value(out, "alpha_xy", r.alphaxy);
+    if (!cards_file_.empty()) out << "\nCards written to " << cards_file_ << '\n';
+    return kExitOk;
+  }
+
+ private:
+  CLI::App* app_ = nullptr;
+  LaminateOptions laminate_;
+  std::string cards_file_;
+  bool json_ = false;
+};
+
+}  // namespace
+
+std::unique_ptr<Command> add_stiffness_command(CLI::App& program) {
+  return std::make_unique<StiffnessCommand>(program);
+}
+
+}  // namespace corvane::cli
