@@ -154,6 +154,30 @@ TEST(BulkDataCards, StiffnessIsRoundedBeforeScaling) {
             "MAT2       2004  -1.0000     0.0  1.7500     0.0 -0.5000 5.4E+08");
 }
 
+TEST(BulkDataCards, ScaleFactorsAreFormedFirst) {
+  // t = 0.3 (0.30000001 as a float): 1/t = 3.3333333, t^3 = 0.027000003,
+  // 12/t^3 = 444.44440, -1/t^2 = -11.111111. Each entry times its factor
+  // lands on a field edge that the quotient formed another way misses:
+  //   30 * (1/t)   = 100.0       but 30/t         = 99.999992
+  //   300 * (1/t)  = 1000.0      but 300/t        = 999.99994
+  //   3e5 * (1/t)  = 1000000.0   but 3e5/t        = 999999.94
+  //   1835 * 12/t3 = 815555.44   but (1835*12)/t3 = 815555.5
+  //   9 * (-1/t^2) = -100.0      but -(9/t^2)     = -99.999992
+  LAMINATESTIFFNESS laminate(carbon(), Angles{0, 90});
+  laminate.h = 0.3f;
+  laminate.A.v = {30.0f, 300.0f, 300000.0f, 300.0f, 0.0f, 0.0f, 300000.0f, 0.0f, 0.0f};
+  laminate.D.v = {1835.0f, 0.0f, 0.0f, 0.0f, 0.0f, 0.0f, 0.0f, 0.0f, 0.0f};
+  laminate.B.v = {9.0f, 0.0f, 0.0f, 0.0f, 0.0f, 0.0f, 0.0f, 0.0f, 0.0f};
+  const Lines deck = lines_of(bulk_data_cards(laminate));
+  ASSERT_GE(deck.size(), 4u);
+  EXPECT_EQ(deck[deck.size() - 4],
+            "MAT2       2001   100.00  1000.0 1.0E+06     0.0     0.0     0.0");
+  EXPECT_EQ(deck[deck.size() - 3],
+            "MAT2       2002  815555.     0.0     0.0     0.0     0.0     0.0");
+  EXPECT_EQ(deck[deck.size() - 1],
+            "MAT2       2004  -100.00     0.0     0.0     0.0     0.0     0.0");
+}
+
 TEST(Mat8Card, IdentifierMustBeAWholeNumberUpTo7Digits) {
   const struct {
     const char* name;
