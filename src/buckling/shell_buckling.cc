@@ -256,7 +256,9 @@ int compliance_curvature_factor(const Matrix3& A, float L, float b, float R, flo
     const float Z = b * b / (R * t);
     float q = 12.0f * (1.0f - nuxy_nuyx) * (Z * Z);
     if (std::sqrt(q) > 40.0f) q = 1600.0f;
-    factor = std::pow(q / 700.0f + 1.0f, 0.25f);
+    // A fourth root as two square roots, as in the flat-plate estimate: powf can
+    // differ from it in the last bit.
+    factor = std::sqrt(std::sqrt(q / 700.0f + 1.0f));
   } else {
     factor = 0.0f;
   }
