@@ -4,6 +4,8 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
+#include <cstring>
 #include <utility>
 
 #include "laminas/matrix_product.h"
@@ -28,36 +30,22 @@ Vector3 product(const Matrix3& m, const Vector3& x) {
 // and -0.0 against a floor of 0.0 gives +0.0.
 float floor_at(float x, float floor) { return x > floor ? x : floor; }
 
-// Transformed ply stiffness weighted by the through-thickness coordinates,
-// summed over the plies in stacking order. z holds n + 1 ply boundaries.
-enum class Weight { kExtensional, kCoupling, kBending };
+// The stiffness matrices [A], [B], [D] of one ply set, summed ply by ply in
+// stacking order: every element is its own running sum, so adding all of them
+// for one ply before going to the next rounds exactly as summing each element
+// over the whole stack in turn.
+struct ThroughThickness {
+  Matrix3 A, B, D;
 
-Matrix3 through_thickness(const std::vector<Matrix3>& qbar, const std::vector<float>& z,
-                          Weight weight) {
-  Matrix3 sum;
-  for (int j = 1; j <= 3; ++j) {
-    for (int i = 1; i <= 3; ++i) {
-      float s = 0.0f;
-      for (std::size_t k = 0; k < qbar.size(); ++k) {
-        const float zp = z[k], zk = z[k + 1];
-        const float q = qbar[k](i, j);
-        switch (weight) {
-          case Weight::kExtensional:
-            s = s + q * (zk - zp);
-            break;
-          case Weight::kCoupling:
-            s = s + (0.5f * q) * (zk * zk - zp * zp);
-            break;
-          case Weight::kBending:
-            s = s + (0.33333334f * q) * (zk * zk * zk - zp * zp * zp);
-            break;
-        }
-      }
-      sum(i, j) = s;
+  // A ply between z = zp and z = zk of transformed stiffness q.
+  void add(const Matrix3& q, float dz, float dz2, float dz3) {
+    for (std::size_t e = 0; e < 9; ++e) {
+      A.v[e] = A.v[e] + q.v[e] * dz;
+      B.v[e] = B.v[e] + (0.5f * q.v[e]) * dz2;
+      D.v[e] = D.v[e] + (0.33333334f * q.v[e]) * dz3;
     }
   }
-  return sum;
-}
+};
 
 // Inverse of [[A, B], [B, D]] by blocks from the inverse of [A]:
 //   [D*] = [D] - [B][A]^-1[B],  [d] = [D*]^-1,  [c] = -[d][B][A]^-1,
@@ -107,6 +95,49 @@ Vector3 thermal_force(const LAMINA& ply, float angle_deg) {
   for (std::size_t i = 0; i < 3; ++i) force[i] = laminate_axes[i] * ply.CPT;
   return force;
 }
+
+// What a ply contributes whatever its place in the stack: its transformed
+// stiffness, its B-basis transformed stiffness and its thermal force.
+struct PlyTerms {
+  Matrix3 qbar, qbar_b;
+  Vector3 thermal;
+};
+
+PlyTerms ply_terms(const LAMINA& ply, float angle_deg) {
+  return {ply.stiffness_at_angle(angle_deg), ply.stiffness_at_angle(angle_deg, 1),
+          thermal_force(ply, angle_deg)};
+}
+
+// The terms of the distinct (material, angle) pairs met so far. Stacks repeat a
+// handful of angles, so most plies find theirs here and skip the trigonometry
+// and the matrix products; the terms are a function of the pair alone, so a
+// found entry holds the very bits a fresh evaluation would give. Angles are
+// told apart by their bit patterns (0.0 and -0.0 differ, a NaN matches itself).
+class PlyTermsCache {
+ public:
+  const PlyTerms& get(const LAMINA& ply, std::int32_t material, float angle_deg) {
+    std::uint32_t bits = 0;
+    std::memcpy(&bits, &angle_deg, sizeof bits);
+    for (std::size_t i = 0; i < size_; ++i) {
+      if (keys_[i].material == material && keys_[i].angle_bits == bits) return terms_[i];
+    }
+    // Full: the slot past the end holds the latest pair only.
+    const std::size_t slot = size_ < kCapacity ? size_++ : kCapacity;
+    keys_[slot] = {material, bits};
+    terms_[slot] = ply_terms(ply, angle_deg);
+    return terms_[slot];
+  }
+
+ private:
+  static constexpr std::size_t kCapacity = 16;
+  struct Key {
+    std::int32_t material;
+    std::uint32_t angle_bits;
+  };
+  std::size_t size_ = 0;
+  std::array<Key, kCapacity + 1> keys_{};
+  std::array<PlyTerms, kCapacity + 1> terms_{};
+};
 
 std::string shortest(float x) {
   std::array<char, 32> buf{};
@@ -160,36 +191,41 @@ void LAMINATE::compute_stiffness() {
   error = true;
   nplies = static_cast<std::int32_t>(angles.size());
   if (material_index.size() != angles.size()) return;
-  std::vector<const LAMINA*> ply;
-  ply.reserve(angles.size());
   for (std::int32_t index : material_index) {
     if (index < 1 || static_cast<std::size_t>(index) > materials.size()) return;
-    ply.push_back(&materials[static_cast<std::size_t>(index) - 1]);
   }
+  const auto material_of = [this](std::size_t k) -> const LAMINA& {
+    return materials[static_cast<std::size_t>(material_index[k]) - 1];
+  };
   const std::size_t n = angles.size();
 
   h = 0.0f;
-  for (const LAMINA* p : ply) h = h + p->CPT;
-  std::vector<float> z(n + 1);
-  z[0] = -(h * 0.5f);
-  for (std::size_t k = 0; k < n; ++k) z[k + 1] = z[k] + ply[k]->CPT;
+  for (std::size_t k = 0; k < n; ++k) h = h + material_of(k).CPT;
 
-  // The transformed stiffness of each ply, once: the same values a per-element
-  // evaluation would give, since each is a deterministic function of the ply.
-  std::vector<Matrix3> qbar(n), qbar_b(n);
+  // One pass over the plies from z = -h/2; the ply terms are looked up once per
+  // distinct material and angle.
+  PlyTermsCache cache;
+  ThroughThickness set, set_b;
   Vector3 thermal{};  // thermal resultant per unit temperature
+  float zp = -(h * 0.5f);
   for (std::size_t k = 0; k < n; ++k) {
-    qbar[k] = ply[k]->stiffness_at_angle(angles[k]);
-    qbar_b[k] = ply[k]->stiffness_at_angle(angles[k], 1);
-    const Vector3 force = thermal_force(*ply[k], angles[k]);
-    for (std::size_t i = 0; i < 3; ++i) thermal[i] = thermal[i] + force[i];
+    const LAMINA& ply = material_of(k);
+    const float zk = zp + ply.CPT;
+    const PlyTerms& terms = cache.get(ply, material_index[k], angles[k]);
+    for (std::size_t i = 0; i < 3; ++i) thermal[i] = thermal[i] + terms.thermal[i];
+    const float dz = zk - zp;
+    const float dz2 = zk * zk - zp * zp;
+    const float dz3 = zk * zk * zk - zp * zp * zp;
+    set.add(terms.qbar, dz, dz2, dz3);
+    set_b.add(terms.qbar_b, dz, dz2, dz3);
+    zp = zk;
   }
-  A = through_thickness(qbar, z, Weight::kExtensional);
-  B = through_thickness(qbar, z, Weight::kCoupling);
-  D = through_thickness(qbar, z, Weight::kBending);
-  A_B = through_thickness(qbar_b, z, Weight::kExtensional);
-  B_B = through_thickness(qbar_b, z, Weight::kCoupling);
-  D_B = through_thickness(qbar_b, z, Weight::kBending);
+  A = set.A;
+  B = set.B;
+  D = set.D;
+  A_B = set_b.A;
+  B_B = set_b.B;
+  D_B = set_b.D;
 
   // Only angles are compared; the middle ply of an odd stack is its own mirror.
   symmetric = true;
