@@ -176,7 +176,7 @@ std::string stiffness_failure(const StiffnessResult& result,
     if (std::string what = layup_problem(options.layup()); !what.empty()) return what;
     return "the layup " + options.layup() +
            " was read, but the laminate is unusable: [A] is singular or one of Ex, Ey, "
-           "Gxy, nu_xy is not positive";
+           "Gxy, nu_xy is below 1e-10";
   }
   return "the stiffness could not be computed";
 }

@@ -66,7 +66,8 @@ int main(int argc, char** argv) {
   } catch (const CLI::CallForAllHelp& e) {
     return program.exit(e);
   } catch (const CLI::CallForVersion& e) {
-    return program.exit(e);
+    std::cout << e.what() << '\n';
+    return kExitOk;
   } catch (const CLI::ParseError& e) {
     std::cerr << command_name() << ": " << e.what() << " (see --help)\n";
     return kExitUsage;
