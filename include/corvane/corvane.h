@@ -65,14 +65,12 @@ extern "C" {
  * On error, symmetric, dstar, plies and cards keep what the caller had in
  * them; the other outputs are zero.
  */
-CORVANE_API void LAMINATE_STIFFNESS(const float* t, const float* e1, const float* e2,
-                                    const float* g12, const float* nu12, const float* cte1,
-                                    const float* cte2, const char* layup,
-                                    int64_t layup_length, int32_t* symmetric, float* a,
-                                    float* b, float* d, float* dstar, float* h, float* ex,
-                                    float* ey, float* gxy, float* nuxy, float* alphax,
-                                    float* alphay, float* alphaxy, int32_t* plies,
-                                    char* cards, int64_t cards_length, int32_t* ierr);
+CORVANE_API void LAMINATE_STIFFNESS(
+    const float* t, const float* e1, const float* e2, const float* g12, const float* nu12,
+    const float* cte1, const float* cte2, const char* layup, int64_t layup_length,
+    int32_t* symmetric, float* a, float* b, float* d, float* dstar, float* h, float* ex,
+    float* ey, float* gxy, float* nuxy, float* alphax, float* alphay, float* alphaxy,
+    int32_t* plies, char* cards, int64_t cards_length, int32_t* ierr);
 
 /*
  * BI_MATERIAL_LAMINATE_STIFFNESS: the same for plies of two materials. A ply
@@ -108,12 +106,12 @@ CORVANE_API void BI_MATERIAL_LAMINATE_STIFFNESS(
  *                        and then every strain but gamma_xy is 1.0e20 and
  *                        gamma_xy keeps what the caller had in it
  */
-CORVANE_API void LAMINATE_STRAINS_IN_PLANE(const float* t, const float* ex, const float* ey,
-                                           const float* gxy, const float* nuxy,
-                                           const float* nx, const float* ny,
-                                           const float* nxy, float* eps_x, float* eps_y,
-                                           float* gamma_xy, float* eps_p45, float* eps_m45,
-                                           int32_t* ierr);
+CORVANE_API void LAMINATE_STRAINS_IN_PLANE(const float* t, const float* ex,
+                                           const float* ey, const float* gxy,
+                                           const float* nuxy, const float* nx,
+                                           const float* ny, const float* nxy,
+                                           float* eps_x, float* eps_y, float* gamma_xy,
+                                           float* eps_p45, float* eps_m45, int32_t* ierr);
 
 /*
  * LAMINATE_RECTANGULAR_SS_BUCKLING_LOADS: critical running loads of a flat
@@ -146,8 +144,9 @@ CORVANE_API void LAMINATE_RECTANGULAR_SS_BUCKLING_LOADS(const float* d, const fl
  */
 CORVANE_API void LAMINATE_RECTANGULAR_SS_BUCKLING_RF(const float* nx, const float* ny,
                                                      const float* nxy, const float* nxcr,
-                                                     const float* nycr, const float* nxycr,
-                                                     float* rf, int32_t* ierr);
+                                                     const float* nycr,
+                                                     const float* nxycr, float* rf,
+                                                     int32_t* ierr);
 
 /*
  * LAMINATE_SHELL_BUCKLING_LOADS: critical running loads of a curved panel or
@@ -163,8 +162,9 @@ CORVANE_API void LAMINATE_RECTANGULAR_SS_BUCKLING_RF(const float* nx, const floa
  */
 CORVANE_API void LAMINATE_SHELL_BUCKLING_LOADS(const float* a, const float* d,
                                                const float* l, const float* b,
-                                               const float* r, const float* t, float* nxcr,
-                                               float* nycr, float* nxycr, int32_t* ierr);
+                                               const float* r, const float* t,
+                                               float* nxcr, float* nycr, float* nxycr,
+                                               int32_t* ierr);
 
 #ifdef __cplusplus
 }
