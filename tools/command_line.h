@@ -84,7 +84,6 @@ class Output {
   Output(std::string command, bool json, std::ostream& out, std::ostream& err);
 
   bool json() const { return json_; }
-  std::ostream& out() { return out_; }
   Json& data() { return data_; }
 
   // Writes one line to standard error:

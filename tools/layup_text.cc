@@ -8,12 +8,6 @@
 namespace corvane::cli {
 namespace {
 
-std::string_view trim_blanks(std::string_view text) {
-  const auto first = text.find_first_not_of(' ');
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
-
 // The ply tokens of the group between "(" and the first ")"; a "/" at the
 // very end opens no further ply.
 std::vector<std::string_view> group_tokens(std::string_view layup) {

@@ -8,13 +8,6 @@
 namespace corvane::cli {
 namespace {
 
-std::string_view trim_blanks(std::string_view text) {
-  const auto first = text.find_first_not_of(" \t");
-  if (first == std::string_view::npos) return {};
-  const auto last = text.find_last_not_of(" \t");
-  return text.substr(first, last - first + 1);
-}
-
 // Optional sign, digits with an optional point (at least one digit), and an
 // optional exponent: E or e, optional sign, digits.
 bool is_plain_decimal(std::string_view token) {
@@ -40,6 +33,13 @@ bool is_plain_decimal(std::string_view token) {
 }
 
 }  // namespace
+
+std::string_view trim_blanks(std::string_view text) {
+  const auto first = text.find_first_not_of(" \t");
+  if (first == std::string_view::npos) return {};
+  const auto last = text.find_last_not_of(" \t");
+  return text.substr(first, last - first + 1);
+}
 
 std::string parse_real(std::string_view text, float& value) {
   std::string_view token = trim_blanks(text);

@@ -9,6 +9,9 @@
 
 namespace corvane::cli {
 
+// The text without the blanks and tabs around it.
+std::string_view trim_blanks(std::string_view text);
+
 // Reads one finite real, rounded correctly to float: optional sign, digits
 // with an optional point, optional exponent; blanks around it are allowed.
 // Returns an empty text on success, else why the text is not a number.
