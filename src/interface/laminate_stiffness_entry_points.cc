@@ -26,7 +26,7 @@ constexpr std::int32_t kOk = 0;
 constexpr std::int32_t kInvalidMaterial = 1;
 constexpr std::int32_t kUnusableLaminate = 2;  // refused layup, failed stiffness
 
-// Both materials are built with 1000.0 as tension and compression allowable,
+// Every ply material is built with 1000.0 as tension and compression allowable,
 // which reads as a strength, and without a name.
 constexpr float kAllowable = 1000.0f;
 
