@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
+#include <cstring>
 #include <string>
 
 #include "util/number_reading.h"
@@ -11,6 +13,14 @@ namespace {
 
 std::string_view trim_blanks(std::string_view s) {
   while (!s.empty() && s.front() == ' ') s.remove_prefix(1);
+  // A host's text is mostly trailing blanks: drop them eight at a time first.
+  constexpr std::size_t kWord = sizeof(std::uint64_t);
+  const auto ends_in_eight_blanks = [&s] {
+    std::uint64_t tail = 0;
+    std::memcpy(&tail, s.data() + s.size() - kWord, kWord);
+    return tail == 0x2020202020202020u;
+  };
+  while (s.size() >= kWord && ends_in_eight_blanks()) s.remove_suffix(kWord);
   while (!s.empty() && s.back() == ' ') s.remove_suffix(1);
   return s;
 }
