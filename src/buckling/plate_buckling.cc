@@ -1,6 +1,7 @@
 #include "buckling/plate_buckling.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstddef>
 #include <initializer_list>
@@ -123,24 +124,48 @@ HalfWaveSearch half_wave_search(const Matrix3& D, float a, float b, float nx, fl
   if (a > 0.0f && b / a > kAspectCap) b_eff = kAspectCap * a;
   const float H = D12 + 2.0f * D66;
 
+  // Each sweep only visits the pairs (m, n) that the sweeps before it did not:
+  // a pair already visited gave no load factor below the best of its time, so
+  // it cannot give one below the best since, and visiting it again changes
+  // nothing. The terms of one wave number alone are formed once, and a row of
+  // load factors is formed before it is scanned in order of n; every factor is
+  // formed from the same operands in the same order as the plain formula.
+  const float two_h = 2.0f * H;
+  const float ab = a_eff * b_eff;
+  std::array<float, kLastBound> q_stiffness{};  // D22 q^4 for n = index + 1
+  std::array<float, kLastBound> q_load{};       // ny q^2
+  std::array<float, kLastBound> row{};
+  int formed = 0;  // wave numbers n whose terms are formed
+
   float lambda_min = kStartMinimum;
   int best_m = 0;
   int best_n = 0;
   int previous_m = -1;
   int previous_n = 0;
+  int swept = 0;  // the bound of the sweeps so far
   int bound = 1;
   int step = 0;
   for (;;) {
+    for (; formed < bound; ++formed) {
+      const float q = static_cast<float>(formed + 1) / b_eff;
+      const float q2 = q * q;
+      q_stiffness[static_cast<std::size_t>(formed)] = D22 * (q2 * q2);
+      q_load[static_cast<std::size_t>(formed)] = ny * q2;
+    }
     for (int m = 1; m <= bound; ++m) {
-      for (int n = 1; n <= bound; ++n) {
-        const float p = static_cast<float>(m) / a_eff;
-        const float q = static_cast<float>(n) / b_eff;
-        const float pq = static_cast<float>(m * n) / (a_eff * b_eff);
-        const float p2 = p * p;
-        const float q2 = q * q;
-        const float lambda = -kPiSquared *
-                             (D11 * (p2 * p2) + 2.0f * H * (pq * pq) + D22 * (q2 * q2)) /
-                             (nx * p2 + ny * q2);
+      const float p = static_cast<float>(m) / a_eff;
+      const float p2 = p * p;
+      const float p_stiffness = D11 * (p2 * p2);
+      const float p_load = nx * p2;
+      const int first_n = m <= swept ? swept + 1 : 1;
+      for (int n = first_n; n <= bound; ++n) {
+        const auto i = static_cast<std::size_t>(n - 1);
+        const float pq = static_cast<float>(m * n) / ab;
+        row[i] = -kPiSquared * (p_stiffness + two_h * (pq * pq) + q_stiffness[i]) /
+                 (p_load + q_load[i]);
+      }
+      for (int n = first_n; n <= bound; ++n) {
+        const float lambda = row[static_cast<std::size_t>(n - 1)];
         if (lambda > 0.0f && lambda < lambda_min) {
           lambda_min = lambda;
           best_m = m;
@@ -148,6 +173,7 @@ HalfWaveSearch half_wave_search(const Matrix3& D, float a, float b, float nx, fl
         }
       }
     }
+    swept = bound;
     if (best_m == previous_m && best_n == previous_n) {
       return HalfWaveSearch{lambda_min, best_m, best_n, bound, 0};
     }
