@@ -3,6 +3,7 @@
 // input (exit status and the one line on standard error).
 #include <gtest/gtest.h>
 #include <sys/wait.h>
+#include <unistd.h>
 
 #include <array>
 #include <cstdio>
@@ -37,8 +38,14 @@ std::string shell_quoted(const std::string& arg) {
   return quoted + "'";
 }
 
+// A file name of this test process's own: CTest runs the cases of this
+// program as separate processes, several at a time.
+std::string scratch_path(const std::string& name) {
+  return testing::TempDir() + "corvane_cli_test_" + std::to_string(getpid()) + "_" + name;
+}
+
 Outcome corvane(const std::vector<std::string>& args) {
-  const std::string err_path = testing::TempDir() + "corvane_cli_test_stderr.txt";
+  const std::string err_path = scratch_path("stderr.txt");
   std::string command = shell_quoted(CORVANE_CLI_PROGRAM);
   for (const std::string& arg : args) command += " " + shell_quoted(arg);
   command += " 2>" + shell_quoted(err_path);
@@ -52,6 +59,7 @@ Outcome corvane(const std::vector<std::string>& args) {
   const int wait_status = pclose(pipe);
   run.status = WIFEXITED(wait_status) ? WEXITSTATUS(wait_status) : -1;
   run.err = read_file(err_path);
+  std::remove(err_path.c_str());
   return run;
 }
 
@@ -255,7 +263,7 @@ TEST(StiffnessCommandText, PrintsMatricesAndConstantsOfTheDefaultLaminate) {
 }
 
 TEST(StiffnessCommandText, CardsFileHoldsTheDeckWithoutPadding) {
-  const std::string path = testing::TempDir() + "corvane_cli_test_cards.bdf";
+  const std::string path = scratch_path("cards.bdf");
   std::remove(path.c_str());
   const Outcome run = corvane({"stiffness", "(0/90)S", "--cards", path});
   ASSERT_EQ(run.status, 0) << run.err;
