@@ -138,7 +138,7 @@ TEST(Concurrency, EightThreadsGiveTheSerialResultsBitForBit) {
   for (const auto& call : calls) serial.push_back(call());
 
   constexpr int kThreads = 8;
-  constexpr int kRounds = 3;
+  constexpr int kRounds = 25;
   std::vector<int> mismatches(kThreads, 0);
   std::vector<std::thread> threads;
   for (int t = 0; t < kThreads; ++t) {
