@@ -1,10 +1,13 @@
 #include "cards/bulk_data_cards.h"
 
+#include <algorithm>
 #include <array>
+#include <charconv>
 #include <cstdint>
 #include <string_view>
 #include <vector>
 
+#include "cards/card_writer.h"
 #include "cards/number_fields.h"
 #include "util/fixed_width.h"
 #include "util/matrix3.h"
@@ -16,6 +19,12 @@ namespace {
 constexpr std::string_view kEndOfLine = "\r\n";
 constexpr std::string_view kRuler =
     "$--01--$$--02--$$--03--$$--04--$$--05--$$--06--$$--07--$$--08--$$--09--$";
+constexpr std::string_view kMat8Comment = "$ Ortotropic material as MAT8";
+constexpr std::string_view kPcompComment = "$ Laminate as PCOMP";
+constexpr std::string_view kMat2Comment =
+    "$ Laminate stiffnesses for PSHELL as MAT2: membrane, bending & coupling";
+constexpr std::string_view kMid3Remark =
+    "$ Remark: Transverse shear stiffness (MID3 in PSHELL) not reported";
 
 void append_line(std::string& deck, std::string_view line) {
   deck += line;
@@ -32,108 +41,182 @@ Matrix3 rounded(const Matrix3& m) {
 }
 
 // MAT2 with the upper triangle of m times the factor.
-std::string mat2_card(std::int32_t id, const Matrix3& m, float factor) {
-  const std::array<std::string, 8> fields = {
-      "MAT2",
-      integer_to_text(id),
-      real_to_field8(m(1, 1) * factor),
-      real_to_field8(m(1, 2) * factor),
-      real_to_field8(m(1, 3) * factor),
-      real_to_field8(m(2, 2) * factor),
-      real_to_field8(m(2, 3) * factor),
-      real_to_field8(m(3, 3) * factor),
+void append_mat2(std::string& deck, std::int32_t id, const Matrix3& m, float factor) {
+  CardWriter card(deck);
+  card.field("MAT2");
+  card.field(integer_to_text(id));
+  card.real(m(1, 1) * factor);
+  card.real(m(1, 2) * factor);
+  card.real(m(1, 3) * factor);
+  card.real(m(2, 2) * factor);
+  card.real(m(2, 3) * factor);
+  card.real(m(3, 3) * factor);
+  card.end();
+}
+
+// The MAT8 card of mat8_card, appended; nothing when it has none.
+void append_mat8(std::string& deck, const LAMINA& lamina) {
+  if (lamina.status != 0) return;
+  const std::string id = pad_or_cut(lamina.Name, 8);
+  if (!is_valid_card_id(id)) return;
+  CardWriter card(deck);
+  card.field("MAT8");
+  card.field(id);
+  card.real(lamina.E1);
+  card.real(lamina.E2);
+  card.real(lamina.v12);
+  card.real(lamina.G12);
+  const auto real_if = [&card](bool written, float value) {
+    if (written) {
+      card.real(value);
+    } else {
+      card.blank();
+    }
   };
-  return assemble_card(fields);
+  real_if(lamina.G13 > 0.0f, lamina.G13);
+  real_if(lamina.G23 > 0.0f, lamina.G23);
+  real_if(lamina.DENSITY > 0.0f, lamina.DENSITY);
+  real_if(lamina.CTE1 != 0.0f, lamina.CTE1);
+  real_if(lamina.CTE2 != 0.0f, lamina.CTE2);
+  card.blank();  // TREF
+  card.real(lamina.uetall);
+  card.real(lamina.uecall);
+  // Yt, Yc and S: fixed placeholders, whatever the lamina holds.
+  card.field("1.0");
+  card.field("1.0");
+  card.field("1.0");
+  card.blank();  // GE
+  card.blank();  // F12
+  card.field("STRN");
+  card.end();
+}
+
+// The fields a ply takes from its material, laid out once for all its plies.
+struct PlyMaterialFields {
+  bool valid = false;  // the identifier is a card identifier
+  CardWriter::Field id{}, thickness{};
+};
+
+PlyMaterialFields ply_material_fields(const LAMINA& material) {
+  const std::string id = pad_or_cut(material.Name, 8);
+  return {is_valid_card_id(id), CardWriter::data_field(id),
+          CardWriter::data_field(real_to_text(material.CPT, 3))};
+}
+
+// The PCOMP card of pcomp_card, appended; nothing when it has none.
+void append_pcomp(std::string& deck, const LAMINATE& laminate) {
+  const std::int32_t n = laminate.nplies;
+  const auto plies = static_cast<std::size_t>(n);
+  const std::vector<LAMINA>& materials = laminate.materials;
+  // Ply lists that disagree with the ply count describe no card.
+  if (n < 0 || laminate.angles.size() < plies || laminate.material_index.size() < plies ||
+      materials.empty()) {
+    return;
+  }
+  // A ply without a material in the list cannot be written either.
+  for (std::size_t k = 0; k < plies; ++k) {
+    const std::int32_t index = laminate.material_index[k];
+    if (index < 1 || static_cast<std::size_t>(index) > materials.size()) return;
+  }
+  // Laminates hold one or two materials; their fields are formed once.
+  std::array<PlyMaterialFields, 2> listed;
+  for (std::size_t i = 0; i < listed.size() && i < materials.size(); ++i) {
+    listed[i] = ply_material_fields(materials[i]);
+  }
+  PlyMaterialFields other;
+  const auto fields_of = [&](std::size_t k) -> const PlyMaterialFields& {
+    const auto i = static_cast<std::size_t>(laminate.material_index[k]) - 1;
+    if (i < listed.size()) return listed[i];
+    other = ply_material_fields(materials[i]);
+    return other;
+  };
+
+  const std::string id = pad_or_cut(laminate.name, 8);
+  bool valid = is_valid_card_id(id);
+  for (std::size_t k = 0; k < plies && valid; ++k) valid = fields_of(k).valid;
+  if (!valid) return;
+
+  CardWriter card(deck);
+  card.field("PCOMP");
+  card.field(id);
+  card.blank();
+  const float interlaminar_shear = materials[0].F13;
+  if (interlaminar_shear > 0.0f) {
+    card.field(real_to_text(interlaminar_shear, 1));
+  } else {
+    card.blank();
+  }
+  card.field("STRN");
+  card.field("20");
+  card.blank();
+  card.blank();
+  card.blank();
+  const CardWriter::Field yes = CardWriter::data_field("YES");
+  for (std::size_t k = 0; k < plies; ++k) {
+    const PlyMaterialFields& material = fields_of(k);
+    card.laid(material.id);
+    card.laid(material.thickness);
+    std::array<char, 16> angle;
+    char* end = std::to_chars(angle.data(), angle.data() + angle.size() - 1,
+                              nint(laminate.angles[k]))
+                    .ptr;
+    *end++ = '.';  // 45 gives 45.
+    card.field({angle.data(), static_cast<std::size_t>(end - angle.data())});
+    card.laid(yes);
+  }
+  card.end();
 }
 
 }  // namespace
 
 std::string mat8_card(const LAMINA& lamina) {
-  if (lamina.status != 0) return {};
-  std::vector<std::string> fields(20);
-  fields[0] = "MAT8";
-  fields[1] = pad_or_cut(lamina.Name, 8);
-  if (!is_valid_card_id(fields[1])) return {};
-  fields[2] = real_to_field8(lamina.E1);
-  fields[3] = real_to_field8(lamina.E2);
-  fields[4] = real_to_field8(lamina.v12);
-  fields[5] = real_to_field8(lamina.G12);
-  if (lamina.G13 > 0.0f) fields[6] = real_to_field8(lamina.G13);
-  if (lamina.G23 > 0.0f) fields[7] = real_to_field8(lamina.G23);
-  if (lamina.DENSITY > 0.0f) fields[8] = real_to_field8(lamina.DENSITY);
-  if (lamina.CTE1 != 0.0f) fields[9] = real_to_field8(lamina.CTE1);
-  if (lamina.CTE2 != 0.0f) fields[10] = real_to_field8(lamina.CTE2);
-  // fields[11], TREF, stays blank.
-  fields[12] = real_to_field8(lamina.uetall);
-  fields[13] = real_to_field8(lamina.uecall);
-  // Yt, Yc and S: fixed placeholders, whatever the lamina holds.
-  fields[14] = fields[15] = fields[16] = "1.0";
-  // fields[17] and fields[18], GE and F12, stay blank.
-  fields[19] = "STRN";
-  return assemble_card(fields);
+  std::string card;
+  append_mat8(card, lamina);
+  return card;
 }
 
 std::string pcomp_card(const LAMINATE& laminate) {
-  const std::int32_t n = laminate.nplies;
-  const auto plies = static_cast<std::size_t>(n);
-  // Ply lists that disagree with the ply count describe no card.
-  if (n < 0 || laminate.angles.size() < plies || laminate.material_index.size() < plies ||
-      laminate.materials.empty()) {
-    return {};
-  }
-  std::vector<std::string> fields(9 + 4 * plies);
-  fields[0] = "PCOMP";
-  fields[1] = pad_or_cut(laminate.name, 8);
-  bool valid = is_valid_card_id(fields[1]);
-  const float interlaminar_shear = laminate.materials[0].F13;
-  if (interlaminar_shear > 0.0f) fields[3] = real_to_text(interlaminar_shear, 1);
-  fields[4] = "STRN";
-  fields[5] = "20";
-  for (std::size_t k = 0; k < plies; ++k) {
-    const std::int32_t index = laminate.material_index[k];
-    // A ply without a material in the list cannot be written either.
-    if (index < 1 || static_cast<std::size_t>(index) > laminate.materials.size()) {
-      return {};
-    }
-    const LAMINA& material = laminate.materials[static_cast<std::size_t>(index) - 1];
-    const std::size_t first = 9 + 4 * k;
-    fields[first] = pad_or_cut(material.Name, 8);
-    valid = valid && is_valid_card_id(fields[first]);
-    fields[first + 1] = real_to_text(material.CPT, 3);
-    fields[first + 2] = integer_to_text(nint(laminate.angles[k])) + ".";
-    fields[first + 3] = "YES";
-  }
-  return valid ? assemble_card(fields) : std::string();
+  std::string card;
+  append_pcomp(card, laminate);
+  return card;
 }
 
 std::string bulk_data_cards(LAMINATESTIFFNESS laminate) {
+  const std::size_t materials = laminate.materials.size();
+  const auto plies = static_cast<std::size_t>(std::max(laminate.nplies, 0));
   std::string deck;
-  for (std::size_t k = 0; k < laminate.materials.size(); ++k) {
+  deck.reserve(materials * (kMat8Comment.size() + kRuler.size() + 2 * kEndOfLine.size() +
+                            CardWriter::length_bound(20)) +
+               kPcompComment.size() + kRuler.size() + 2 * kEndOfLine.size() +
+               CardWriter::length_bound(9 + 4 * plies) + 1 + kMat2Comment.size() +
+               kRuler.size() + kMid3Remark.size() + 4 * kEndOfLine.size() +
+               3 * CardWriter::length_bound(8));
+
+  for (std::size_t k = 0; k < materials; ++k) {
     LAMINA& material = laminate.materials[k];
     material.Name = integer_to_text(static_cast<std::int32_t>(k) + 101);
-    append_line(deck, "$ Ortotropic material as MAT8");
+    append_line(deck, kMat8Comment);
     append_line(deck, kRuler);
-    deck += mat8_card(material);
+    append_mat8(deck, material);
   }
 
   laminate.name = "1001";
-  append_line(deck, "$ Laminate as PCOMP");
+  append_line(deck, kPcompComment);
   append_line(deck, kRuler);
-  deck += pcomp_card(laminate);
+  append_pcomp(deck, laminate);
   append_line(deck, "$");
 
-  append_line(deck,
-              "$ Laminate stiffnesses for PSHELL as MAT2: membrane, bending & coupling");
+  append_line(deck, kMat2Comment);
   append_line(deck, kRuler);
   const Matrix3 a = rounded(laminate.A);
   const Matrix3 b = rounded(laminate.B);
   const Matrix3 d = rounded(laminate.D);
   const float t = laminate.h;
-  deck += mat2_card(2001, a, 1.0f / t);
-  deck += mat2_card(2002, d, 12.0f / ((t * t) * t));
-  append_line(deck, "$ Remark: Transverse shear stiffness (MID3 in PSHELL) not reported");
+  append_mat2(deck, 2001, a, 1.0f / t);
+  append_mat2(deck, 2002, d, 12.0f / ((t * t) * t));
+  append_line(deck, kMid3Remark);
   // The coupling card carries -[B]/t^2: the sign is reversed on purpose.
-  deck += mat2_card(2004, b, -1.0f / (t * t));
+  append_mat2(deck, 2004, b, -1.0f / (t * t));
   return deck;
 }
 

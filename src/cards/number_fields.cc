@@ -1,8 +1,14 @@
 #include "cards/number_fields.h"
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <cmath>
+#include <cstdint>
+#include <string_view>
+#include <system_error>
 
+#include "cards/card_writer.h"
 #include "util/fixed_width.h"
 #include "util/number_reading.h"
 #include "util/numerics.h"
@@ -17,23 +23,105 @@ std::string trimmed(std::string_view s) {
   return std::string(trim_trailing(move_left(s)));
 }
 
+// Sign, up to 10 digits, the point and up to 8 decimals.
+using FixedText = std::array<char, 24>;
+
+// The text of printf's "%.*f" for x with 1 to 8 decimals, without a call to it:
+// the length written, or 0 when x is not finite, |x| >= 1e9 or the count of
+// decimals is out of range (the caller then prints). Below 1e9 a float times
+// 10^decimals needs at most 24 + 27 bits, so the product in double is exact, and
+// rounding it to a whole number, ties to even, is the rounding printf makes of
+// the exact binary value.
+std::size_t exact_fixed(float x, int decimals, FixedText& text) {
+  static constexpr std::array<double, 9> kScale = {1e0, 1e1, 1e2, 1e3, 1e4,
+                                                   1e5, 1e6, 1e7, 1e8};
+  static constexpr std::array<std::uint64_t, 9> kPower = {
+      1, 10, 100, 1000, 10000, 100000, 1000000, 10000000, 100000000};
+  if (decimals < 1 || decimals > 8 || !(std::fabs(x) < 1.0e9f)) return 0;
+  const auto d = static_cast<std::size_t>(decimals);
+  const auto scaled = static_cast<std::uint64_t>(
+      std::nearbyint(std::fabs(static_cast<double>(x)) * kScale[d]));
+  char* p = text.data();
+  if (std::signbit(x)) *p++ = '-';  // printf keeps the sign of -0.0 and of -0.0001
+  p = std::to_chars(p, text.data() + text.size(), scaled / kPower[d]).ptr;
+  *p++ = '.';
+  std::uint64_t fraction = scaled % kPower[d];
+  for (std::size_t i = d; i > 0; --i) {
+    p[i - 1] = static_cast<char>('0' + fraction % 10);
+    fraction /= 10;
+  }
+  return static_cast<std::size_t>(p + d - text.data());
+}
+
+// The text of printf's "%.1E" for a finite x, without a call to it: to_chars
+// with a precision converts as printf does, from the exact binary value. The
+// length written, or 0 when x is not finite (the caller then prints).
+std::size_t exact_exponent(float x, FixedText& text) {
+  if (!std::isfinite(x)) return 0;
+  const auto result = std::to_chars(text.data(), text.data() + text.size(), x,
+                                    std::chars_format::scientific, 1);
+  if (result.ec != std::errc{}) return 0;
+  std::replace(text.data(), result.ptr, 'e', 'E');
+  return static_cast<std::size_t>(result.ptr - text.data());
+}
+
+// format_exponent(x, 8, 1) without printf where the text fits.
+std::string exponent_field8(float x) {
+  FixedText text;
+  const std::size_t length = exact_exponent(x, text);
+  if (length == 0 || length > kFieldWidth) return format_exponent(x, 8, 1);
+  std::string field(kFieldWidth - length, ' ');
+  field.append(text.data(), length);
+  return field;
+}
+
 }  // namespace
 
-std::string real_to_field8(float value) {
+void real_to_field8(float value, std::span<char, 8> field) {
+  const auto put = [&field](std::string_view text) {  // right-justified
+    std::fill(field.begin(), field.end(), ' ');
+    std::copy(text.begin(), text.end(),
+              field.end() - static_cast<std::ptrdiff_t>(text.size()));
+  };
   const float a = std::fabs(value);
-  if (a <= 1.0e-20f) return "     0.0";
-  if (a >= 1.0e6f) return format_exponent(value, 8, 1);
+  if (a <= 1.0e-20f) return put("0.0");
+  if (a >= 1.0e6f) return put(exponent_field8(value));
   if (a >= 1.0e4f) {
     // Seven columns for the digits, so that a value rounding to -1000000 turns
     // into asterisks while 1000000 still fits; the point makes the eighth.
-    const std::string digits = trimmed(format_integer(nint(value), 7));
-    return move_right(pad_or_cut(digits + ".", kFieldWidth));
+    std::array<char, 16> digits;
+    const auto end =
+        std::to_chars(digits.data(), digits.data() + digits.size(), nint(value)).ptr;
+    auto length = static_cast<std::size_t>(end - digits.data());
+    if (length > 7) {
+      length = 7;
+      std::fill_n(digits.begin(), length, '*');
+    }
+    digits[length++] = '.';
+    return put({digits.data(), length});
   }
-  if (a >= 1.0e3f) return format_fixed(value, 8, 1);
-  if (a >= 1.0e2f) return format_fixed(value, 8, 2);
-  if (a >= 10.0f) return format_fixed(value, 8, 3);
-  if (a >= 0.01f) return format_fixed(value, 8, 4);
-  return format_exponent(value, 8, 1);
+  int decimals = 0;
+  if (a >= 1.0e3f) {
+    decimals = 1;
+  } else if (a >= 1.0e2f) {
+    decimals = 2;
+  } else if (a >= 10.0f) {
+    decimals = 3;
+  } else if (a >= 0.01f) {
+    decimals = 4;
+  } else {
+    return put(exponent_field8(value));
+  }
+  FixedText text;
+  const std::size_t length = exact_fixed(value, decimals, text);
+  if (length == 0 || length > kFieldWidth) return put(format_fixed(value, 8, decimals));
+  put({text.data(), length});
+}
+
+std::string real_to_field8(float value) {
+  std::array<char, 8> field;
+  real_to_field8(value, field);
+  return {field.data(), field.size()};
 }
 
 std::string integer_to_text(std::int32_t value) { return std::to_string(value); }
@@ -49,7 +137,10 @@ std::string real_to_text(float value, std::int32_t decimals) {
   // The text is laid out in a 100-character buffer. Past 100 decimals nothing
   // fits it any more, so larger counts give the same asterisks as 101.
   constexpr int kBuffer = 100;
-  if (decimals <= 0) return trimmed(format_integer(nint(value), kBuffer));
+  if (decimals <= 0) return std::to_string(nint(value));  // at most 11 characters
+  FixedText text;
+  const std::size_t length = exact_fixed(value, decimals, text);
+  if (length > 0) return {text.data(), length};  // at most 20 characters
   return trimmed(format_fixed(value, kBuffer, std::min(decimals, kBuffer + 1)));
 }
 
@@ -61,27 +152,10 @@ bool is_valid_card_id(std::string_view field) {
 
 std::string assemble_card(std::span<const std::string> fields) {
   std::string card;
-  int column = 0;  // field position on the current line, 1 for the name
-  for (std::size_t i = 0; i < fields.size(); ++i) {
-    ++column;
-    std::string field = pad_or_cut(fields[i], kFieldWidth);
-    const std::size_t length = trim_trailing(field).size();
-    if (column == 1) {
-      field = move_left(field);
-    } else if (length > 6) {
-      field = move_right(field);
-    } else {
-      // Short values end in column 7 so that they never touch the next field.
-      field = move_right(field).substr(1) + ' ';
-    }
-    card += field;
-    if (column == 9 && i + 1 < fields.size()) {
-      card += "\r\n";
-      card.append(kFieldWidth, ' ');  // the blank continuation field
-      column = 1;
-    }
-  }
-  card += "\r\n";
+  card.reserve(CardWriter::length_bound(fields.size()));
+  CardWriter writer(card);
+  for (const std::string& f : fields) writer.field(f);
+  writer.end();
   return card;
 }
 

@@ -15,6 +15,8 @@ namespace corvane {
 // exponent form below 0.01 and from 1e6, fixed point with 4 to 1 decimals up to
 // 1e4, and a whole number with a trailing point from 1e4 to 1e6.
 std::string real_to_field8(float value);
+// The same written into the 8 characters of field.
+void real_to_field8(float value, std::span<char, 8> field);
 
 // The decimal integer without blanks: 2001, -5.
 std::string integer_to_text(std::int32_t value);

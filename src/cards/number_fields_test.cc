@@ -4,9 +4,14 @@
 
 #include <cmath>
 #include <cstdint>
+#include <cstring>
 #include <limits>
+#include <random>
 #include <string>
 #include <vector>
+
+#include "util/fixed_width.h"
+#include "util/numerics.h"
 
 namespace corvane {
 namespace {
@@ -115,6 +120,58 @@ TEST(TextToInteger, RoundsTheRealItReads) {
     EXPECT_EQ(text_to_integer(c.text, &flag), c.value);
     EXPECT_EQ(flag, c.flag);
     EXPECT_EQ(text_to_integer(c.text), c.value);  // without a flag
+  }
+}
+
+// Floats of every binade between lo and hi (both positive), either sign, with
+// random significands: the fields are formed without printf, so they are
+// compared with printf's text through the fixed-width formats.
+std::vector<float> random_floats(float lo, float hi, int count) {
+  std::mt19937 engine(12345);
+  std::uniform_real_distribution<float> exponent(std::log2(lo), std::log2(hi));
+  std::vector<float> values;
+  for (int i = 0; i < count; ++i) {
+    float x = std::exp2(exponent(engine));
+    std::uint32_t bits = 0;
+    std::memcpy(&bits, &x, sizeof bits);
+    bits = (bits & 0xff800000u) | (engine() & 0x007fffffu);
+    std::memcpy(&x, &bits, sizeof x);
+    if (x >= lo && x < hi) values.push_back(engine() % 2 == 0 ? x : -x);
+  }
+  return values;
+}
+
+TEST(RealToField8, AgreesWithPrintfInEveryBand) {
+  const struct {
+    float lo, hi;
+    int decimals;  // 0: exponent form, -1: whole number with a point
+  } bands[] = {{2.0e-20f, 0.01f, 0}, {0.01f, 10.0f, 4},   {10.0f, 100.0f, 3},
+               {100.0f, 1.0e3f, 2},  {1.0e3f, 1.0e4f, 1}, {1.0e4f, 1.0e6f, -1},
+               {1.0e6f, 3.0e38f, 0}};
+  for (const auto& band : bands) {
+    for (float x : random_floats(band.lo, band.hi, 20000)) {
+      std::string expected;
+      if (band.decimals > 0) {
+        expected = format_fixed(x, 8, band.decimals);
+      } else if (band.decimals == 0) {
+        expected = format_exponent(x, 8, 1);
+      } else {
+        expected = format_integer(nint(x), 7);
+        expected = expected.substr(expected.find_first_not_of(' ')) + ".";
+        expected = std::string(8 - expected.size(), ' ') + expected;
+      }
+      ASSERT_EQ(real_to_field8(x), expected) << std::hexfloat << x;
+    }
+  }
+}
+
+TEST(RealToText, AgreesWithPrintfForOneToEightDecimals) {
+  for (int decimals = 1; decimals <= 8; ++decimals) {
+    for (float x : random_floats(1.0e-6f, 2.0e9f, 5000)) {
+      const std::string printed = format_fixed(x, 60, decimals);
+      ASSERT_EQ(real_to_text(x, decimals), printed.substr(printed.find_first_not_of(' ')))
+          << std::hexfloat << x << " with " << decimals;
+    }
   }
 }
 
