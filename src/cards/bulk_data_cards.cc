@@ -42,7 +42,7 @@ Matrix3 rounded(const Matrix3& m) {
 
 // MAT2 with the upper triangle of m times the factor.
 void append_mat2(std::string& deck, std::int32_t id, const Matrix3& m, float factor) {
-  CardWriter card(deck);
+  CardWriter card(deck, 8);
   card.field("MAT2");
   card.field(integer_to_text(id));
   card.real(m(1, 1) * factor);
@@ -59,7 +59,7 @@ void append_mat8(std::string& deck, const LAMINA& lamina) {
   if (lamina.status != 0) return;
   const std::string id = pad_or_cut(lamina.Name, 8);
   if (!is_valid_card_id(id)) return;
-  CardWriter card(deck);
+  CardWriter card(deck, 20);
   card.field("MAT8");
   card.field(id);
   card.real(lamina.E1);
@@ -136,7 +136,7 @@ void append_pcomp(std::string& deck, const LAMINATE& laminate) {
   for (std::size_t k = 0; k < plies && valid; ++k) valid = fields_of(k).valid;
   if (!valid) return;
 
-  CardWriter card(deck);
+  CardWriter card(deck, 9 + 4 * plies);
   card.field("PCOMP");
   card.field(id);
   card.blank();

@@ -1,6 +1,7 @@
 #include "cards/card_writer.h"
 
 #include <algorithm>
+#include <cstring>
 
 #include "cards/number_fields.h"
 
@@ -18,6 +19,18 @@ std::string_view cut(std::string_view text) {
 
 }  // namespace
 
+CardWriter::CardWriter(std::string& out, std::size_t fields)
+    : out_(out), size_(out.size()) {
+  out_.resize(size_ + length_bound(fields));
+}
+
+char* CardWriter::room(std::size_t n) {
+  if (size_ + n > out_.size()) out_.resize(std::max(size_ + n, 2 * out_.size()));
+  char* p = out_.data() + size_;
+  size_ += n;
+  return p;
+}
+
 CardWriter::Field CardWriter::data_field(std::string_view text) {
   text = cut(text);
   Field f;
@@ -33,10 +46,8 @@ void CardWriter::field(std::string_view text) {
   // The card name, moved left.
   text = cut(text);
   while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
-  Field f;
-  f.fill(' ');
-  std::copy(text.begin(), text.end(), f.begin());
-  out_.append(f.data(), f.size());
+  char* p = room(kWidth);
+  std::fill_n(std::copy(text.begin(), text.end(), p), kWidth - text.size(), ' ');
   column_ = 1;
 }
 
@@ -44,18 +55,25 @@ void CardWriter::laid(const Field& field) {
   // The break waits for a tenth field, so that a full last line gets no
   // empty continuation.
   if (column_ == 9) {
-    out_ += "\r\n";
-    out_.append(kWidth, ' ');  // the blank continuation field
+    // The line end and the blank continuation field.
+    std::memcpy(room(2 + kWidth), "\r\n        ", 2 + kWidth);
     column_ = 1;
   }
   ++column_;
-  out_.append(field.data(), field.size());
+  std::memcpy(room(kWidth), field.data(), kWidth);
+}
+
+void CardWriter::end() {
+  std::memcpy(room(2), "\r\n", 2);
+  out_.resize(size_);
 }
 
 void CardWriter::real(float value) {
+  // A real field fills its 8 characters, right-justified: it is laid out as
+  // it stands.
   Field text;
   real_to_field8(value, text);
-  laid(data_field({text.data(), text.size()}));
+  laid(text);
 }
 
 }  // namespace corvane

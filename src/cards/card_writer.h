@@ -19,8 +19,14 @@ class CardWriter {
   // A field as it stands on the card.
   using Field = std::array<char, 8>;
 
-  // Appends to `out`, which keeps what it holds.
-  explicit CardWriter(std::string& out) : out_(out) {}
+  // Appends a card of `fields` fields to `out`, which keeps what it holds. Room
+  // for them is made at once; a card with more fields grows the text as they
+  // come. The text holds the card once end() has been called, or what has been
+  // written of it (without its line end) once the writer is gone.
+  CardWriter(std::string& out, std::size_t fields);
+  ~CardWriter() { out_.resize(size_); }
+  CardWriter(const CardWriter&) = delete;
+  CardWriter& operator=(const CardWriter&) = delete;
 
   // The next field: the text padded or cut to 8 characters, then laid out.
   void field(std::string_view text);
@@ -31,7 +37,7 @@ class CardWriter {
   // A data field laid out before by data_field: a card repeats some texts.
   void laid(const Field& field);
   // Ends the card's last line.
-  void end() { out_ += "\r\n"; }
+  void end();
 
   // The layout of the text in any field but the first: the same wherever the
   // field stands, continuation lines included.
@@ -44,8 +50,12 @@ class CardWriter {
   }
 
  private:
+  // n characters more at the end of the card.
+  char* room(std::size_t n);
+
   std::string& out_;
-  int column_ = 0;  // position of the last field on its line, 1 for the name
+  std::size_t size_;  // the length of out_ written so far
+  int column_ = 0;    // position of the last field on its line, 1 for the name
 };
 
 }  // namespace corvane

@@ -152,10 +152,11 @@ bool is_valid_card_id(std::string_view field) {
 
 std::string assemble_card(std::span<const std::string> fields) {
   std::string card;
-  card.reserve(CardWriter::length_bound(fields.size()));
-  CardWriter writer(card);
-  for (const std::string& f : fields) writer.field(f);
-  writer.end();
+  {
+    CardWriter writer(card, fields.size());
+    for (const std::string& f : fields) writer.field(f);
+    writer.end();
+  }
   return card;
 }
 
