@@ -4,6 +4,7 @@
 #include <array>
 #include <charconv>
 #include <cstdint>
+#include <cstring>
 #include <string_view>
 #include <vector>
 
@@ -103,6 +104,36 @@ PlyMaterialFields ply_material_fields(const LAMINA& material) {
           CardWriter::data_field(real_to_text(material.CPT, 3))};
 }
 
+// The orientation field of a ply: the angle rounded to a whole number of
+// degrees with a point behind it (45 gives "45."), laid out once for each of
+// the few distinct angles of a stack; angles are told apart by their bits.
+class AngleFields {
+ public:
+  const CardWriter::Field& get(float angle) {
+    std::uint32_t bits = 0;
+    std::memcpy(&bits, &angle, sizeof bits);
+    for (std::size_t i = 0; i < size_; ++i) {
+      if (bits_[i] == bits) return fields_[i];
+    }
+    // Full: the slot past the end holds the latest angle only.
+    const std::size_t slot = size_ < kCapacity ? size_++ : kCapacity;
+    bits_[slot] = bits;
+    std::array<char, 16> text;
+    char* end =
+        std::to_chars(text.data(), text.data() + text.size() - 1, nint(angle)).ptr;
+    *end++ = '.';
+    fields_[slot] = CardWriter::data_field(
+        {text.data(), static_cast<std::size_t>(end - text.data())});
+    return fields_[slot];
+  }
+
+ private:
+  static constexpr std::size_t kCapacity = 16;
+  std::size_t size_ = 0;
+  std::array<std::uint32_t, kCapacity + 1> bits_{};
+  std::array<CardWriter::Field, kCapacity + 1> fields_{};
+};
+
 // The PCOMP card of pcomp_card, appended; nothing when it has none.
 void append_pcomp(std::string& deck, const LAMINATE& laminate) {
   const std::int32_t n = laminate.nplies;
@@ -152,16 +183,12 @@ void append_pcomp(std::string& deck, const LAMINATE& laminate) {
   card.blank();
   card.blank();
   const CardWriter::Field yes = CardWriter::data_field("YES");
+  AngleFields angles;
   for (std::size_t k = 0; k < plies; ++k) {
     const PlyMaterialFields& material = fields_of(k);
     card.laid(material.id);
     card.laid(material.thickness);
-    std::array<char, 16> angle;
-    char* end = std::to_chars(angle.data(), angle.data() + angle.size() - 1,
-                              nint(laminate.angles[k]))
-                    .ptr;
-    *end++ = '.';  // 45 gives 45.
-    card.field({angle.data(), static_cast<std::size_t>(end - angle.data())});
+    card.laid(angles.get(laminate.angles[k]));
     card.laid(yes);
   }
   card.end();

@@ -24,11 +24,8 @@ CardWriter::CardWriter(std::string& out, std::size_t fields)
   out_.resize(size_ + length_bound(fields));
 }
 
-char* CardWriter::room(std::size_t n) {
-  if (size_ + n > out_.size()) out_.resize(std::max(size_ + n, 2 * out_.size()));
-  char* p = out_.data() + size_;
-  size_ += n;
-  return p;
+void CardWriter::grow(std::size_t n) {
+  out_.resize(std::max(size_ + n, 2 * out_.size()));
 }
 
 CardWriter::Field CardWriter::data_field(std::string_view text) {

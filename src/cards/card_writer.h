@@ -51,7 +51,13 @@ class CardWriter {
 
  private:
   // n characters more at the end of the card.
-  char* room(std::size_t n);
+  char* room(std::size_t n) {
+    if (size_ + n > out_.size()) grow(n);
+    char* p = out_.data() + size_;
+    size_ += n;
+    return p;
+  }
+  void grow(std::size_t n);
 
   std::string& out_;
   std::size_t size_;  // the length of out_ written so far
