@@ -35,7 +35,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   if (cylinder_search_is_long(length, radius)) return -1;  // not added to the corpus
   float nx = 0, ny = 0, nxy = 0;
   int32_t ierr = 0;
-  LAMINATE_SHELL_BUCKLING_LOADS(a, d, &length, &width, &radius, &thickness, &nx, &ny, &nxy,
-                                &ierr);
+  LAMINATE_SHELL_BUCKLING_LOADS(a, d, &length, &width, &radius, &thickness, &nx, &ny,
+                                &nxy, &ierr);
   return 0;
 }

@@ -12,8 +12,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   std::vector<float> angles;
   std::vector<std::int32_t> materials;
   const int status = corvane::parse_stacking_sequence(text, angles, &materials);
-  if (status == 0 && (angles.empty() || angles.size() > 255 ||
-                      materials.size() != angles.size())) {
+  if (status == 0 &&
+      (angles.empty() || angles.size() > 255 || materials.size() != angles.size())) {
     std::abort();
   }
   if (status != 0 && (!angles.empty() || !materials.empty())) std::abort();

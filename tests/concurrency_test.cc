@@ -42,7 +42,8 @@ Bytes stiffness(const Ply& p, const std::string& text) {
   float a[9], b[9], d[9], dstar[9] = {}, h, ex, ey, gxy, nuxy, ax, ay, axy;
   LAMINATE_STIFFNESS(&p.t, &p.e1, &p.e2, &p.g12, &p.nu12, &p.cte1, &p.cte2, layup.data(),
                      CORVANE_LAYUP_LENGTH, &symmetric, a, b, d, dstar, &h, &ex, &ey, &gxy,
-                     &nuxy, &ax, &ay, &axy, &plies, cards.data(), CORVANE_CARDS_LENGTH, &ierr);
+                     &nuxy, &ax, &ay, &axy, &plies, cards.data(), CORVANE_CARDS_LENGTH,
+                     &ierr);
   Bytes out;
   append(out, symmetric, a, b, d, dstar, h, ex, ey, gxy, nuxy, ax, ay, axy, plies, ierr);
   out.insert(out.end(), cards.begin(), cards.end());
@@ -87,17 +88,19 @@ Bytes plate_loads(std::array<float, 9> d, float a, float b) {
 Bytes plate_rf(std::array<float, 6> v) {
   float rf;
   int32_t ierr = 7;
-  LAMINATE_RECTANGULAR_SS_BUCKLING_RF(&v[0], &v[1], &v[2], &v[3], &v[4], &v[5], &rf, &ierr);
+  LAMINATE_RECTANGULAR_SS_BUCKLING_RF(&v[0], &v[1], &v[2], &v[3], &v[4], &v[5], &rf,
+                                      &ierr);
   Bytes out;
   append(out, rf, ierr);
   return out;
 }
 
-Bytes shell_loads(std::array<float, 9> a, std::array<float, 9> d, float l, float b, float r,
-                  float t) {
+Bytes shell_loads(std::array<float, 9> a, std::array<float, 9> d, float l, float b,
+                  float r, float t) {
   float nx, ny, nxy;
   int32_t ierr = 7;
-  LAMINATE_SHELL_BUCKLING_LOADS(a.data(), d.data(), &l, &b, &r, &t, &nx, &ny, &nxy, &ierr);
+  LAMINATE_SHELL_BUCKLING_LOADS(a.data(), d.data(), &l, &b, &r, &t, &nx, &ny, &nxy,
+                                &ierr);
   Bytes out;
   append(out, nx, ny, nxy, ierr);
   return out;
@@ -119,13 +122,21 @@ std::vector<std::function<Bytes()>> mixed_calls() {
       [=] { return stiffness(carbon, "0/90"); },
       [=] { return bi_material(carbon, glass, "(0/45./-45./90)S"); },
       [=] { return bi_material(carbon, invalid, "(0/90)"); },
-      [=] { return strains({1.0f, 50000, 40000, 19000, 0.3f, -100, 20, 30}); },
-      [=] { return strains({1.0f, 1e-7f, 40000, 19000, 0.3f, -100, 20, 30}); },
+      [=] {
+        return strains({1.0f, 50000, 40000, 19000, 0.3f, -100, 20, 30});
+      },
+      [=] {
+        return strains({1.0f, 1e-7f, 40000, 19000, 0.3f, -100, 20, 30});
+      },
       [=] { return plate_loads(d, 500, 500); },
       [=] { return plate_loads(d_ortho, 2000, 300); },
       [=] { return plate_loads(d, nan, 300); },
-      [=] { return plate_rf({-100, -10, 20, 500, 400, 300}); },
-      [=] { return plate_rf({-100, -10, 20, 5e-7f, 400, 300}); },
+      [=] {
+        return plate_rf({-100, -10, 20, 500, 400, 300});
+      },
+      [=] {
+        return plate_rf({-100, -10, 20, 5e-7f, 400, 300});
+      },
       [=] { return shell_loads(a, d, 600, 200, 1000, 2); },
       [=] { return shell_loads(a, d, 600, 200, 0, 2); },
       [=] { return shell_loads(a, d_ortho, 400, 250, 150, 2); },

@@ -14,8 +14,8 @@ static const ply kThin = {0.0f, 135000.0f, 10000.0f, 5000.0f, 0.3f, 0.0f, 0.0f};
 static const ply kNoPoisson = {0.25f, 135000.0f, 10000.0f, 5000.0f, 0.0f, 1e-6f, 1e-6f};
 
 static const char* const kLayups[] = {
-    "(0/45/-45/90)S", "(0/90)", "(0/90/45)3", "(45/-45)$", "(30/-60/10)2",
-    "0/90",           "(0/90)X", "(0//90)",   "(0/90)S",   "(22.5/67.5/-15.25)",
+    "(0/45/-45/90)S", "(0/90)",  "(0/90/45)3", "(45/-45)$", "(30/-60/10)2",
+    "0/90",           "(0/90)X", "(0//90)",    "(0/90)S",   "(22.5/67.5/-15.25)",
 };
 static const char* const kBiLayups[] = {"(0/45./-45./90)S", "(45.)", "(0./90)2$"};
 
@@ -71,9 +71,10 @@ static int stiffness_cases(const corvane_entry_points* entry, FILE* out) {
       int32_t symmetric = 5, n = 5, ierr = 5;
       memset(cards, '#', CORVANE_CARDS_LENGTH);
       entry->laminate_stiffness(&q->t, &q->e1, &q->e2, &q->g12, &q->nu12, &q->cte1,
-                                &q->cte2, layup, CORVANE_LAYUP_LENGTH, &symmetric, m, m + 9,
-                                m + 18, m + 27, m + 36, m + 37, m + 38, m + 39, m + 40, m + 41,
-                                m + 42, m + 43, &n, cards, CORVANE_CARDS_LENGTH, &ierr);
+                                &q->cte2, layup, CORVANE_LAYUP_LENGTH, &symmetric, m,
+                                m + 9, m + 18, m + 27, m + 36, m + 37, m + 38, m + 39,
+                                m + 40, m + 41, m + 42, m + 43, &n, cards,
+                                CORVANE_CARDS_LENGTH, &ierr);
       fprintf(out, "LAMINATE_STIFFNESS %d %d", (int)p, (int)k);
       put_stiffness(out, symmetric, m, n, cards, ierr);
       free(layup);
@@ -91,10 +92,11 @@ static int stiffness_cases(const corvane_entry_points* entry, FILE* out) {
       int32_t symmetric = 5, n = 5, ierr = 5;
       memset(cards, '#', CORVANE_CARDS_LENGTH);
       entry->bi_material_laminate_stiffness(
-          &q1->t, &q1->e1, &q1->e2, &q1->g12, &q1->nu12, &q1->cte1, &q1->cte2, &q2->t, &q2->e1,
-          &q2->e2, &q2->g12, &q2->nu12, &q2->cte1, &q2->cte2, layup, CORVANE_LAYUP_LENGTH,
-          &symmetric, m, m + 9, m + 18, m + 27, m + 36, m + 37, m + 38, m + 39, m + 40, m + 41,
-          m + 42, m + 43, &n, cards, CORVANE_CARDS_LENGTH, &ierr);
+          &q1->t, &q1->e1, &q1->e2, &q1->g12, &q1->nu12, &q1->cte1, &q1->cte2, &q2->t,
+          &q2->e1, &q2->e2, &q2->g12, &q2->nu12, &q2->cte1, &q2->cte2, layup,
+          CORVANE_LAYUP_LENGTH, &symmetric, m, m + 9, m + 18, m + 27, m + 36, m + 37,
+          m + 38, m + 39, m + 40, m + 41, m + 42, m + 43, &n, cards, CORVANE_CARDS_LENGTH,
+          &ierr);
       fprintf(out, "BI_MATERIAL_LAMINATE_STIFFNESS %d %d", (int)p, (int)k);
       put_stiffness(out, symmetric, m, n, cards, ierr);
       free(layup);
@@ -132,15 +134,29 @@ static const float kD[9] = {10000, 3000, 0, 3000, 10000, 0, 0, 0, 3500};
 static const float kDOrtho[9] = {25000, 2500, 0, 2500, 6000, 0, 0, 0, 3000};
 static const float kDNoCoupling[9] = {25000, 0, 0, 0, 6000, 0, 0, 0, 3000};
 
+/* Three critical loads and the error code, closing the line. */
+static void put_loads(FILE* out, const float* loads, int32_t ierr) {
+  put_f(out, loads[0]);
+  put_f(out, loads[1]);
+  put_f(out, loads[2]);
+  put_i(out, ierr);
+  fputc('\n', out);
+}
+
 static int buckling_cases(const corvane_entry_points* entry, FILE* out) {
-  static const float plates[][2] = {{500, 500}, {2000, 300}, {300, 2000}, {6000, 300}, {-1, 300}};
+  static const float plates[][2] = {
+      {500, 500}, {2000, 300}, {300, 2000}, {6000, 300}, {-1, 300}};
   const float* ds[] = {kD, kDOrtho, kDNoCoupling};
   static const float rf_cases[][6] = {
-      {-100, -10, 20, 500, 400, 300}, {-500, 0, 0, 500, 400, 300}, {0, 0, 300, 500, 400, 300},
-      {10, 20, 0, 500, 400, 300},     {-1, 0, 0, 5e-7f, 400, 300},
+      {-100, -10, 20, 500, 400, 300}, {-500, 0, 0, 500, 400, 300},
+      {0, 0, 300, 500, 400, 300},     {10, 20, 0, 500, 400, 300},
+      {-1, 0, 0, 5e-7f, 400, 300},
   };
   static const float shells[][4] = {
-      {600, 200, 1000, 2}, {600, 200, 0, 2}, {400, 250, 150, 2}, {150, 400, 800, 1.5f},
+      {600, 200, 1000, 2},
+      {600, 200, 0, 2},
+      {400, 250, 150, 2},
+      {150, 400, 800, 1.5f},
   };
   int count = 0;
   size_t i, j;
@@ -148,14 +164,10 @@ static int buckling_cases(const corvane_entry_points* entry, FILE* out) {
     for (i = 0; i < sizeof plates / sizeof plates[0]; ++i) {
       float r[3] = {7, 7, 7};
       int32_t ierr = 5;
-      entry->plate_buckling_loads(ds[j], &plates[i][0], &plates[i][1], &r[0], &r[1], &r[2],
-                                  &ierr);
+      entry->plate_buckling_loads(ds[j], &plates[i][0], &plates[i][1], &r[0], &r[1],
+                                  &r[2], &ierr);
       fprintf(out, "LAMINATE_RECTANGULAR_SS_BUCKLING_LOADS %d %d", (int)j, (int)i);
-      put_f(out, r[0]);
-      put_f(out, r[1]);
-      put_f(out, r[2]);
-      put_i(out, ierr);
-      fputc('\n', out);
+      put_loads(out, r, ierr);
       ++count;
     }
   }
@@ -175,14 +187,10 @@ static int buckling_cases(const corvane_entry_points* entry, FILE* out) {
       const float* s = shells[i];
       float r[3] = {7, 7, 7};
       int32_t ierr = 5;
-      entry->shell_buckling_loads(kA, ds[j], &s[0], &s[1], &s[2], &s[3], &r[0], &r[1], &r[2],
-                                  &ierr);
+      entry->shell_buckling_loads(kA, ds[j], &s[0], &s[1], &s[2], &s[3], &r[0], &r[1],
+                                  &r[2], &ierr);
       fprintf(out, "LAMINATE_SHELL_BUCKLING_LOADS %d %d", (int)j, (int)i);
-      put_f(out, r[0]);
-      put_f(out, r[1]);
-      put_f(out, r[2]);
-      put_i(out, ierr);
-      fputc('\n', out);
+      put_loads(out, r, ierr);
       ++count;
     }
   }
@@ -190,5 +198,6 @@ static int buckling_cases(const corvane_entry_points* entry, FILE* out) {
 }
 
 int run_cases(const corvane_entry_points* entry, FILE* out) {
-  return stiffness_cases(entry, out) + strain_cases(entry, out) + buckling_cases(entry, out);
+  return stiffness_cases(entry, out) + strain_cases(entry, out) +
+         buckling_cases(entry, out);
 }

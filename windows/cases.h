@@ -15,16 +15,18 @@
 
 typedef struct {
   void (*laminate_stiffness)(const float*, const float*, const float*, const float*,
-                             const float*, const float*, const float*, const char*, int64_t,
-                             int32_t*, float*, float*, float*, float*, float*, float*, float*,
-                             float*, float*, float*, float*, float*, int32_t*, char*, int64_t,
-                             int32_t*);
-  void (*bi_material_laminate_stiffness)(
-      const float*, const float*, const float*, const float*, const float*, const float*,
-      const float*, const float*, const float*, const float*, const float*, const float*,
-      const float*, const float*, const char*, int64_t, int32_t*, float*, float*, float*,
-      float*, float*, float*, float*, float*, float*, float*, float*, float*, int32_t*, char*,
-      int64_t, int32_t*);
+                             const float*, const float*, const float*, const char*,
+                             int64_t, int32_t*, float*, float*, float*, float*, float*,
+                             float*, float*, float*, float*, float*, float*, float*,
+                             int32_t*, char*, int64_t, int32_t*);
+  void (*bi_material_laminate_stiffness)(const float*, const float*, const float*,
+                                         const float*, const float*, const float*,
+                                         const float*, const float*, const float*,
+                                         const float*, const float*, const float*,
+                                         const float*, const float*, const char*, int64_t,
+                                         int32_t*, float*, float*, float*, float*, float*,
+                                         float*, float*, float*, float*, float*, float*,
+                                         float*, int32_t*, char*, int64_t, int32_t*);
   void (*strains_in_plane)(const float*, const float*, const float*, const float*,
                            const float*, const float*, const float*, const float*, float*,
                            float*, float*, float*, float*, int32_t*);
@@ -33,7 +35,8 @@ typedef struct {
   void (*plate_buckling_rf)(const float*, const float*, const float*, const float*,
                             const float*, const float*, float*, int32_t*);
   void (*shell_buckling_loads)(const float*, const float*, const float*, const float*,
-                               const float*, const float*, float*, float*, float*, int32_t*);
+                               const float*, const float*, float*, float*, float*,
+                               int32_t*);
 } corvane_entry_points;
 
 /* Writes one line per case to out; returns the number of cases. */

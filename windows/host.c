@@ -33,7 +33,8 @@ int main(int argc, char** argv) {
   *(FARPROC*)&entry.laminate_stiffness = find(library, "LAMINATE_STIFFNESS", &missing);
   *(FARPROC*)&entry.bi_material_laminate_stiffness =
       find(library, "BI_MATERIAL_LAMINATE_STIFFNESS", &missing);
-  *(FARPROC*)&entry.strains_in_plane = find(library, "LAMINATE_STRAINS_IN_PLANE", &missing);
+  *(FARPROC*)&entry.strains_in_plane =
+      find(library, "LAMINATE_STRAINS_IN_PLANE", &missing);
   *(FARPROC*)&entry.plate_buckling_loads =
       find(library, "LAMINATE_RECTANGULAR_SS_BUCKLING_LOADS", &missing);
   *(FARPROC*)&entry.plate_buckling_rf =
