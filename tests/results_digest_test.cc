@@ -27,7 +27,9 @@ TEST(ResultsDigest, EveryCaseBitIdenticalToTheStoredDigest) {
       ADD_FAILURE() << "stored " << stored[i] << ", now " << now[i];
     }
   }
-  EXPECT_EQ(differing, 0) << "cases whose results changed";
+  EXPECT_EQ(differing, 0)
+      << "cases whose results changed; when that is meant, write the digest again "
+         "with the results_digest program and say so in the commit";
 }
 
 }  // namespace
