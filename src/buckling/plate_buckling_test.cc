@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <vector>
 
@@ -110,6 +111,68 @@ TEST(HalfWaveSearch, TheOptimumMustSettleBeforeBound100) {
     EXPECT_EQ(s.bound, k <= 80.0f ? 90 : 0) << k;
     EXPECT_EQ(s.lambda > 0.0f, k <= 80.0f) << k;
   }
+}
+
+// The search skips the pairs of earlier sweeps and forms a row of load factors
+// before scanning it; it must give the very results of the plain sweeps, which
+// visit every pair of every sweep with the formula written out.
+HalfWaveSearch plain_sweeps(const Matrix3& D, float a, float b, float nx, float ny) {
+  const float a_eff = b > 0.0f && a / b > 10.0f ? 10.0f * b : a;
+  const float b_eff = a > 0.0f && b / a > 10.0f ? 10.0f * a : b;
+  const float H = D(1, 2) + 2.0f * D(3, 3);
+  float lambda_min = 100000.0f;
+  int best_m = 0, best_n = 0, previous_m = -1, previous_n = 0, bound = 1, step = 0;
+  for (;;) {
+    for (int m = 1; m <= bound; ++m) {
+      for (int n = 1; n <= bound; ++n) {
+        const float p = static_cast<float>(m) / a_eff;
+        const float q = static_cast<float>(n) / b_eff;
+        const float pq = static_cast<float>(m * n) / (a_eff * b_eff);
+        const float p2 = p * p, q2 = q * q;
+        const float lambda =
+            -9.869606f *
+            (D(1, 1) * (p2 * p2) + 2.0f * H * (pq * pq) + D(2, 2) * (q2 * q2)) /
+            (nx * p2 + ny * q2);
+        if (lambda > 0.0f && lambda < lambda_min) {
+          lambda_min = lambda;
+          best_m = m;
+          best_n = n;
+        }
+      }
+    }
+    if (best_m == previous_m && best_n == previous_n) {
+      return {lambda_min, best_m, best_n, bound, 0};
+    }
+    previous_m = best_m;
+    previous_n = best_n;
+    step += 10;
+    bound = std::min(step, 100);
+    if (bound == 100) return {0.0f, 0, 0, 0, 1};
+  }
+}
+
+TEST(HalfWaveSearch, MatchesThePlainSweepsBitForBit) {
+  const Matrix3 plates[] = {
+      orthotropic(4000, 1200, 3500, 1400), orthotropic(16.0f, 0.5f, 1.0f, 1.0f),
+      orthotropic(1.0f, 0.3f, 40.0f, 0.2f), isotropic(1000.0f, 0.3f)};
+  const float pairs[][2] = {{-1, 0}, {0, -1}, {-1, -1}, {-0.3f, 0.7f}, {2, -1}, {1, 1}};
+  int compared = 0;
+  for (const Matrix3& D : plates) {
+    for (const float ratio : {0.07f, 0.4f, 1.0f, 1.7f, 3.3f, 9.0f, 25.0f}) {
+      for (const auto& pair : pairs) {
+        const float a = 300.0f * ratio, b = 300.0f;
+        const HalfWaveSearch s = half_wave_search(D, a, b, pair[0], pair[1]);
+        const HalfWaveSearch p = plain_sweeps(D, a, b, pair[0], pair[1]);
+        EXPECT_EQ(s.lambda, p.lambda);
+        EXPECT_EQ(s.m, p.m);
+        EXPECT_EQ(s.n, p.n);
+        EXPECT_EQ(s.bound, p.bound);
+        EXPECT_EQ(s.error, p.error);
+        compared += p.bound > 10 ? 1 : 0;
+      }
+    }
+  }
+  EXPECT_GT(compared, 20);  // many searches went past the second sweep
 }
 
 TEST(HalfWaveSearch, NoModeBelowTheStartingValueLeaves100000) {
