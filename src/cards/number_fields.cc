@@ -53,11 +53,66 @@ std::size_t exact_fixed(float x, int decimals, FixedText& text) {
   return static_cast<std::size_t>(p + d - text.data());
 }
 
-// The text of printf's "%.1E" for a finite x, without a call to it: to_chars
-// with a precision converts as printf does, from the exact binary value. The
-// length written, or 0 when x is not finite (the caller then prints).
+// The two significant digits of printf's "%.1E" for x and its decimal exponent,
+// taken from x scaled into [10, 100) by an exact power of ten, for 1e-21 < |x|
+// < 1e23: one rounding, at most 7.2e-15 off the exact scaled value, which can
+// only change the nearest whole number when that value lies within it of a
+// half. Such values (exact ties among them) are left to the caller: false.
+bool two_digits(float x, int& digits, int& exponent) {
+  static constexpr std::array<double, 23> kPower = {
+      1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
+      1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+  const double v = std::fabs(static_cast<double>(x));
+  if (!(v > 1.0e-21 && v < 1.0e23)) return false;
+  // A first guess from the binary exponent, at most one off; the loop puts it right.
+  int e = static_cast<int>(std::floor(std::ilogb(v) * 0.30102999566398));
+  double scaled = 0.0;
+  for (int attempt = 0; attempt < 3; ++attempt) {
+    const int k = 1 - e;  // scaled = v * 10^k
+    if (k < -22 || k > 22) return false;
+    scaled = k >= 0 ? v * kPower[static_cast<std::size_t>(k)]
+                    : v / kPower[static_cast<std::size_t>(-k)];
+    if (scaled < 10.0) {
+      --e;
+    } else if (scaled >= 100.0) {
+      ++e;
+    } else {
+      break;
+    }
+  }
+  if (!(scaled >= 10.0 && scaled < 100.0)) return false;
+  const double whole = std::floor(scaled);
+  if (std::fabs(scaled - whole - 0.5) < 1.0e-13) return false;
+  digits = static_cast<int>(whole) + (scaled - whole > 0.5 ? 1 : 0);
+  if (digits == 100) {
+    digits = 10;
+    ++e;
+  }
+  exponent = e;
+  return true;
+}
+
+// The text of printf's "%.1E" for a finite x, without a call to it: from
+// two_digits, or else to_chars with a precision, which converts as printf does,
+// from the exact binary value. The length written, or 0 when x is not finite
+// (the caller then prints).
 std::size_t exact_exponent(float x, FixedText& text) {
   if (!std::isfinite(x)) return 0;
+  int digits = 0;
+  int exponent = 0;
+  if (two_digits(x, digits, exponent)) {
+    char* p = text.data();
+    if (std::signbit(x)) *p++ = '-';
+    *p++ = static_cast<char>('0' + digits / 10);
+    *p++ = '.';
+    *p++ = static_cast<char>('0' + digits % 10);
+    *p++ = 'E';
+    *p++ = exponent < 0 ? '-' : '+';
+    const int magnitude = exponent < 0 ? -exponent : exponent;  // below 100
+    *p++ = static_cast<char>('0' + magnitude / 10);
+    *p++ = static_cast<char>('0' + magnitude % 10);
+    return static_cast<std::size_t>(p - text.data());
+  }
   const auto result = std::to_chars(text.data(), text.data() + text.size(), x,
                                     std::chars_format::scientific, 1);
   if (result.ec != std::errc{}) return 0;
