@@ -57,15 +57,6 @@ struct LAMINATE {
   // The same text blank padded or cut to the length of out.
   void stacking_text(std::span<char> out) const;
 
-  // The laminate report: materials, stacking, apparent constants, matrices.
-  std::string report() const;
-
-  static constexpr std::string_view kSummaryHeader =
-      "Name                      t       Ex       Ey      Gxy    NUxy";
-  // One line under kSummaryHeader (name, h, Ex, Ey, Gxy, nuxy), preceded by the
-  // header when asked, and by an error line when `error` is set.
-  std::string summary(bool header = false) const;
-
  private:
   LAMINATE(std::vector<LAMINA> materials, std::vector<float> angles,
            std::vector<std::int32_t> material_index, std::string_view name);
