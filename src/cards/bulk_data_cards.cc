@@ -5,6 +5,8 @@
 #include <charconv>
 #include <cstdint>
 #include <cstring>
+#include <span>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -55,10 +57,10 @@ void append_mat2(std::string& deck, std::int32_t id, const Matrix3& m, float fac
   card.end();
 }
 
-// The MAT8 card of mat8_card, appended; nothing when it has none.
-void append_mat8(std::string& deck, const LAMINA& lamina) {
+// The MAT8 card of mat8_card under the 8-character id, appended; nothing when
+// it has none.
+void append_mat8(std::string& deck, const LAMINA& lamina, const std::string& id) {
   if (lamina.status != 0) return;
-  const std::string id = pad_or_cut(lamina.Name, 8);
   if (!is_valid_card_id(id)) return;
   CardWriter card(deck, 20);
   card.field("MAT8");
@@ -98,8 +100,7 @@ struct PlyMaterialFields {
   CardWriter::Field id{}, thickness{};
 };
 
-PlyMaterialFields ply_material_fields(const LAMINA& material) {
-  const std::string id = pad_or_cut(material.Name, 8);
+PlyMaterialFields ply_material_fields(const std::string& id, const LAMINA& material) {
   return {is_valid_card_id(id), CardWriter::data_field(id),
           CardWriter::data_field(real_to_text(material.CPT, 3))};
 }
@@ -134,8 +135,10 @@ class AngleFields {
   std::array<CardWriter::Field, kCapacity + 1> fields_{};
 };
 
-// The PCOMP card of pcomp_card, appended; nothing when it has none.
-void append_pcomp(std::string& deck, const LAMINATE& laminate) {
+// The PCOMP card of pcomp_card under the 8-character id, its plies referring to
+// material_ids (one per listed material), appended; nothing when it has none.
+void append_pcomp(std::string& deck, const LAMINATE& laminate, const std::string& id,
+                  std::span<const std::string> material_ids) {
   const std::int32_t n = laminate.nplies;
   const auto plies = static_cast<std::size_t>(n);
   const std::vector<LAMINA>& materials = laminate.materials;
@@ -152,17 +155,16 @@ void append_pcomp(std::string& deck, const LAMINATE& laminate) {
   // Laminates hold one or two materials; their fields are formed once.
   std::array<PlyMaterialFields, 2> listed;
   for (std::size_t i = 0; i < listed.size() && i < materials.size(); ++i) {
-    listed[i] = ply_material_fields(materials[i]);
+    listed[i] = ply_material_fields(material_ids[i], materials[i]);
   }
   PlyMaterialFields other;
   const auto fields_of = [&](std::size_t k) -> const PlyMaterialFields& {
     const auto i = static_cast<std::size_t>(laminate.material_index[k]) - 1;
     if (i < listed.size()) return listed[i];
-    other = ply_material_fields(materials[i]);
+    other = ply_material_fields(material_ids[i], materials[i]);
     return other;
   };
 
-  const std::string id = pad_or_cut(laminate.name, 8);
   bool valid = is_valid_card_id(id);
   for (std::size_t k = 0; k < plies && valid; ++k) valid = fields_of(k).valid;
   if (!valid) return;
@@ -198,17 +200,22 @@ void append_pcomp(std::string& deck, const LAMINATE& laminate) {
 
 std::string mat8_card(const LAMINA& lamina) {
   std::string card;
-  append_mat8(card, lamina);
+  append_mat8(card, lamina, pad_or_cut(lamina.Name, 8));
   return card;
 }
 
 std::string pcomp_card(const LAMINATE& laminate) {
   std::string card;
-  append_pcomp(card, laminate);
+  std::vector<std::string> material_ids;
+  material_ids.reserve(laminate.materials.size());
+  for (const LAMINA& material : laminate.materials) {
+    material_ids.push_back(pad_or_cut(material.Name, 8));
+  }
+  append_pcomp(card, laminate, pad_or_cut(laminate.name, 8), material_ids);
   return card;
 }
 
-std::string bulk_data_cards(LAMINATESTIFFNESS laminate) {
+std::string bulk_data_cards(const LAMINATESTIFFNESS& laminate) {
   const std::size_t materials = laminate.materials.size();
   const auto plies = static_cast<std::size_t>(std::max(laminate.nplies, 0));
   std::string deck;
@@ -219,18 +226,17 @@ std::string bulk_data_cards(LAMINATESTIFFNESS laminate) {
                kRuler.size() + kMid3Remark.size() + 4 * kEndOfLine.size() +
                3 * CardWriter::length_bound(8));
 
+  std::vector<std::string> material_ids(materials);
   for (std::size_t k = 0; k < materials; ++k) {
-    LAMINA& material = laminate.materials[k];
-    material.Name = integer_to_text(static_cast<std::int32_t>(k) + 101);
+    material_ids[k] = pad_or_cut(integer_to_text(static_cast<std::int32_t>(k) + 101), 8);
     append_line(deck, kMat8Comment);
     append_line(deck, kRuler);
-    append_mat8(deck, material);
+    append_mat8(deck, laminate.materials[k], material_ids[k]);
   }
 
-  laminate.name = "1001";
   append_line(deck, kPcompComment);
   append_line(deck, kRuler);
-  append_pcomp(deck, laminate);
+  append_pcomp(deck, laminate, pad_or_cut("1001", 8), material_ids);
   append_line(deck, "$");
 
   append_line(deck, kMat2Comment);

@@ -25,11 +25,11 @@ std::string mat8_card(const LAMINA& lamina);
 // early (in the NSM, SB and FT columns).
 std::string pcomp_card(const LAMINATE& laminate);
 
-// The whole deck, with its comment and ruler lines. The laminate is a private
-// copy: its materials are renamed 101, 102, ... and the laminate 1001 for the
-// cards. The membrane, bending and coupling stiffness go out as MAT2 2001,
-// 2002 and 2004: [A]/t, [D] 12/t^3 and -[B]/t^2, each of [A], [B], [D] first
-// rounded to whole numbers.
-std::string bulk_data_cards(LAMINATESTIFFNESS laminate);
+// The whole deck, with its comment and ruler lines. The cards carry their own
+// ids, whatever the names: the materials 101, 102, ... and the laminate 1001.
+// The membrane, bending and coupling stiffness go out as MAT2 2001, 2002 and
+// 2004: [A]/t, [D] 12/t^3 and -[B]/t^2, each of [A], [B], [D] first rounded to
+// whole numbers.
+std::string bulk_data_cards(const LAMINATESTIFFNESS& laminate);
 
 }  // namespace corvane
