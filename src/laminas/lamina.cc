@@ -214,12 +214,18 @@ void LAMINA::set_strengths(float f1t, float f1c, float f12, float f2t, float f2c
   }
 }
 
-// How a notched strength turns into a characteristic length or notch factor
-// for a given hole diameter is not settled; until it is, the strength is kept
-// as given and the notch data stay as they are.
-void LAMINA::set_oht(float strength) { OHT = strength; }
-void LAMINA::set_ohc(float strength) { OHC = strength; }
-void LAMINA::set_fht(float strength) { FHT = strength; }
+// How a notched strength and its hole diameter turn into a characteristic
+// length or notch factor is not settled; until it is, the strength is kept as
+// given and the notch data stay as they are.
+void LAMINA::set_oht(float strength, [[maybe_unused]] float hole_diameter) {
+  OHT = strength;
+}
+void LAMINA::set_ohc(float strength, [[maybe_unused]] float hole_diameter) {
+  OHC = strength;
+}
+void LAMINA::set_fht(float strength, [[maybe_unused]] float hole_diameter) {
+  FHT = strength;
+}
 
 void LAMINA::set_fhc(float strength) {
   // 3.1401 is the constant of the method, not a rounded pi.
@@ -251,11 +257,11 @@ void LAMINA::set_by_key(std::span<const std::pair<std::string_view, float>> pair
     } else if (key == "FBR") {
       positive(Fbr);
     } else if (key == "OHT") {
-      if (v > 0.0f) set_oht(v);
+      if (v > 0.0f) set_oht(v, 6.35f);
     } else if (key == "OHC") {
-      if (v > 0.0f) set_ohc(v);
+      if (v > 0.0f) set_ohc(v, 6.35f);
     } else if (key == "FHT") {
-      if (v > 0.0f) set_fht(v);
+      if (v > 0.0f) set_fht(v, 6.35f);
     } else if (key == "FHC") {
       if (v > 0.0f) set_fhc(v);
     } else if (key == "A0OHT") {

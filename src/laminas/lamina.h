@@ -84,16 +84,17 @@ struct LAMINA {
 
   // Stores the five strengths; a negative one makes the material invalid.
   void set_strengths(float f1t, float f1c, float f12, float f2t, float f2c);
-  // Notched strengths: the notch factors they would lead to are not derived, so
-  // these store the strength only.
-  void set_oht(float strength);
-  void set_ohc(float strength);
-  void set_fht(float strength);
+  // Notched strengths at a hole diameter: the notch data they lead to are not
+  // derived yet, so these store the strength only.
+  void set_oht(float strength, float hole_diameter);
+  void set_ohc(float strength, float hole_diameter);
+  void set_fht(float strength, float hole_diameter);
   // Filled-hole compression: sets Kfhc from the strength.
   void set_fhc(float strength);
 
   // Sets properties from (key, value) pairs. Keys are compared in upper case
-  // with trailing blanks ignored; a key that matches nothing is ignored.
+  // with trailing blanks ignored; a key that matches nothing is ignored. The
+  // notched strengths are taken at a hole diameter of 6.35.
   void set_by_key(std::span<const std::pair<std::string_view, float>> pairs);
 };
 
