@@ -232,77 +232,92 @@ void LAMINA::set_fhc(float strength) {
   Kfhc = uecall / (3.1401f * strength / Eiso);
 }
 
+namespace {
+
+// The values a key takes; any other value leaves the material as it is.
+enum class Accepts { any, positive, non_negative };
+
+bool accepts(Accepts rule, float v) {
+  switch (rule) {
+    case Accepts::positive:
+      return v > 0.0f;
+    case Accepts::non_negative:
+      return v >= 0.0f;
+    default:
+      return true;
+  }
+}
+
+template <float LAMINA::*field>
+void store(LAMINA& m, float v) {
+  m.*field = v;
+}
+
+// The hole diameter that keyed notched strengths are taken at.
+constexpr float kKeyedHoleDiameter = 6.35f;
+
+struct PropertyKey {
+  std::string_view key;
+  Accepts rule;
+  void (*set)(LAMINA&, float);
+};
+
+constexpr PropertyKey kPropertyKeys[] = {
+    {"KBM", Accepts::positive, [](LAMINA& m, float v) { m.set_kbm(v); }},
+    {"CTE1", Accepts::any, store<&LAMINA::CTE1>},
+    {"CTE2", Accepts::any, store<&LAMINA::CTE2>},
+    // Any value: the strength needs a positive one, the ultimate strain follows
+    // whatever is given.
+    {"F1T", Accepts::any,
+     [](LAMINA& m, float v) {
+       if (v > 0.0f) m.F1t = v;
+       m.e1tu = v / m.E1;
+       if (m.is_fabric) m.e1tu = m.e1tu * 1.2f;
+     }},
+    {"F1C", Accepts::positive, store<&LAMINA::F1c>},
+    {"FBR", Accepts::positive, store<&LAMINA::Fbr>},
+    {"OHT", Accepts::positive,
+     [](LAMINA& m, float v) { m.set_oht(v, kKeyedHoleDiameter); }},
+    {"OHC", Accepts::positive,
+     [](LAMINA& m, float v) { m.set_ohc(v, kKeyedHoleDiameter); }},
+    {"FHT", Accepts::positive,
+     [](LAMINA& m, float v) { m.set_fht(v, kKeyedHoleDiameter); }},
+    {"FHC", Accepts::positive, [](LAMINA& m, float v) { m.set_fhc(v); }},
+    // The notch data accept 0, unlike every other key.
+    {"A0OHT", Accepts::non_negative, store<&LAMINA::a0oht>},
+    {"A0OHC", Accepts::non_negative, store<&LAMINA::a0ohc>},
+    {"A0FHT", Accepts::non_negative, store<&LAMINA::a0fht>},
+    {"KFHT", Accepts::non_negative, store<&LAMINA::Kfht>},
+    {"KFHC", Accepts::non_negative, store<&LAMINA::Kfhc>},
+    {"DENSITY", Accepts::positive, store<&LAMINA::DENSITY>},
+    {"E3", Accepts::positive, store<&LAMINA::E3>},
+    {"G13", Accepts::positive, store<&LAMINA::G13>},
+    {"G23", Accepts::positive, store<&LAMINA::G23>},
+    {"F2T", Accepts::positive,
+     [](LAMINA& m, float v) {
+       m.F2t = v;
+       // fmin passes over a NaN F1t.
+       if (m.is_fabric) m.e1tu = std::fmin(m.F1t, m.F2t) / m.E1;
+     }},
+    {"F2C", Accepts::positive, store<&LAMINA::F2c>},
+    {"F3T", Accepts::positive, store<&LAMINA::F3t>},
+    {"F3C", Accepts::positive, store<&LAMINA::F3c>},
+    {"F12", Accepts::positive, store<&LAMINA::F12>},
+    {"F13", Accepts::positive, store<&LAMINA::F13>},
+    {"F23", Accepts::positive, store<&LAMINA::F23>},
+    {"CAIH", Accepts::positive, store<&LAMINA::CAIH>},
+    {"CAIE", Accepts::positive, store<&LAMINA::CAIE>},
+};
+
+}  // namespace
+
 void LAMINA::set_by_key(std::span<const std::pair<std::string_view, float>> pairs) {
-  for (const auto& pair : pairs) {
-    const std::string key = normalize_keyword(pair.first);
-    const float v = pair.second;
-    const auto positive = [v](float& field) {
-      if (v > 0.0f) field = v;
-    };
-    const auto non_negative = [v](float& field) {
-      if (v >= 0.0f) field = v;
-    };
-    if (key == "KBM") {
-      if (v > 0.0f) set_kbm(v);
-    } else if (key == "CTE1") {
-      CTE1 = v;
-    } else if (key == "CTE2") {
-      CTE2 = v;
-    } else if (key == "F1T") {
-      positive(F1t);
-      e1tu = v / E1;  // even for v <= 0
-      if (is_fabric) e1tu = e1tu * 1.2f;
-    } else if (key == "F1C") {
-      positive(F1c);
-    } else if (key == "FBR") {
-      positive(Fbr);
-    } else if (key == "OHT") {
-      if (v > 0.0f) set_oht(v, 6.35f);
-    } else if (key == "OHC") {
-      if (v > 0.0f) set_ohc(v, 6.35f);
-    } else if (key == "FHT") {
-      if (v > 0.0f) set_fht(v, 6.35f);
-    } else if (key == "FHC") {
-      if (v > 0.0f) set_fhc(v);
-    } else if (key == "A0OHT") {
-      non_negative(a0oht);
-    } else if (key == "A0OHC") {
-      non_negative(a0ohc);
-    } else if (key == "A0FHT") {
-      non_negative(a0fht);
-    } else if (key == "KFHT") {
-      non_negative(Kfht);
-    } else if (key == "KFHC") {
-      non_negative(Kfhc);
-    } else if (key == "DENSITY") {
-      positive(DENSITY);
-    } else if (key == "E3") {
-      positive(E3);
-    } else if (key == "G13") {
-      positive(G13);
-    } else if (key == "G23") {
-      positive(G23);
-    } else if (key == "F2T") {
-      if (v > 0.0f) {
-        F2t = v;
-        if (is_fabric) e1tu = std::fmin(F1t, F2t) / E1;  // a NaN F1t is passed over
-      }
-    } else if (key == "F2C") {
-      positive(F2c);
-    } else if (key == "F3T") {
-      positive(F3t);
-    } else if (key == "F3C") {
-      positive(F3c);
-    } else if (key == "F12") {
-      positive(F12);
-    } else if (key == "F13") {
-      positive(F13);
-    } else if (key == "F23") {
-      positive(F23);
-    } else if (key == "CAIH") {
-      positive(CAIH);
-    } else if (key == "CAIE") {
-      positive(CAIE);
+  for (const auto& [text, v] : pairs) {
+    const std::string key = normalize_keyword(text);
+    for (const PropertyKey& property : kPropertyKeys) {
+      if (key != property.key) continue;
+      if (accepts(property.rule, v)) property.set(*this, v);
+      break;
     }
   }
 }
