@@ -20,7 +20,7 @@ from .buckling import (
     plate_buckling_rf,
     shell_buckling_loads,
 )
-from .errors import CorvaneError, LibraryError
+from .errors import CorvaneError, Error, LibraryError
 from .laminate import (
     InPlaneStrains,
     LaminateStiffness,
@@ -36,6 +36,7 @@ __all__ = [
     "CARDS_LENGTH",
     "LAYUP_LENGTH",
     "CorvaneError",
+    "Error",
     "InPlaneStrains",
     "LaminateStiffness",
     "LibraryError",
