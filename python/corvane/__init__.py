@@ -12,6 +12,7 @@ The library is found through the environment variable CORVANE_LIBRARY (a
 path), next to this package, or on the system's library path.
 """
 
+from . import _version
 from ._library import CARDS_LENGTH, LAYUP_LENGTH, library_path
 from .buckling import (
     PlateBucklingLoads,
@@ -30,7 +31,7 @@ from .laminate import (
     strains_in_plane,
 )
 
-__version__ = "0.1.0"
+__version__ = _version.version()
 
 __all__ = [
     "CARDS_LENGTH",

@@ -63,6 +63,12 @@ def test_each_entry_point_is_made_once():
     assert _library.entry_point(name) is _library.entry_point(name)
 
 
+def test_the_version_is_the_projects():
+    if "CORVANE_VERSION" not in os.environ:
+        pytest.skip("CORVANE_VERSION not set: run outside the build's tests")
+    assert corvane.__version__ == os.environ["CORVANE_VERSION"]
+
+
 @pytest.mark.parametrize("value", ["a", None, [1.0]])
 def test_non_numbers_are_refused_before_the_call(value):
     with pytest.raises(TypeError):
