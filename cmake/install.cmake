@@ -1,5 +1,5 @@
 # What `cmake --install` puts under the prefix: the shared library (versioned,
-# with its soname), the public header, a CMake package and a pkg-config file.
+# with its soname), the public headers, a CMake package and a pkg-config file.
 # The static module libraries are inside the shared one and are not installed.
 include(CMakePackageConfigHelpers)
 
@@ -8,6 +8,7 @@ install(TARGETS corvane EXPORT CorvaneTargets
         LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
         ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
 install(FILES ${PROJECT_SOURCE_DIR}/include/corvane/corvane.h
+              ${PROJECT_BINARY_DIR}/include/corvane/version.h
         DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/corvane)
 
 set(corvane_package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/Corvane)

@@ -12,16 +12,19 @@ function(run)
 endfunction()
 
 file(REMOVE_RECURSE "${WORK_DIR}")
-# pip builds inside the folder it installs from: build a copy, not the sources.
-file(COPY "${PACKAGE_DIR}/pyproject.toml" "${PACKAGE_DIR}/corvane"
-     DESTINATION "${WORK_DIR}/source" PATTERN "__pycache__" EXCLUDE)
-file(COPY_FILE "${LIBRARY}" "${WORK_DIR}/source/corvane/libcorvane.so.0")
+# pip builds inside the folder it installs from: build a copy, not the sources,
+# laid out as they are, for setup.py takes the version from ../CMakeLists.txt.
+set(source "${WORK_DIR}/source/python")
+file(COPY "${PACKAGE_DIR}/pyproject.toml" "${PACKAGE_DIR}/setup.py" "${PACKAGE_DIR}/corvane"
+     DESTINATION "${source}" PATTERN "__pycache__" EXCLUDE)
+file(COPY "${PACKAGE_DIR}/../CMakeLists.txt" DESTINATION "${WORK_DIR}/source")
+file(COPY_FILE "${LIBRARY}" "${source}/corvane/libcorvane.so.0")
 
 set(venv "${WORK_DIR}/venv")
 run("${PYTHON}" -m venv --system-site-packages "${venv}")
 set(python "${venv}/bin/python")
 run("${python}" -m pip install --quiet --no-index --no-build-isolation --no-cache-dir
-    --disable-pip-version-check "${WORK_DIR}/source")
+    --disable-pip-version-check "${source}")
 
 unset(ENV{CORVANE_LIBRARY})
 unset(ENV{PYTHONPATH})

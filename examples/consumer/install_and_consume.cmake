@@ -16,7 +16,7 @@ if(STEP STREQUAL "install")
   if(NOT status EQUAL 0)
     message(FATAL_ERROR "cmake --install failed (is everything built?)")
   endif()
-  foreach(file IN ITEMS include/corvane/corvane.h
+  foreach(file IN ITEMS include/corvane/corvane.h include/corvane/version.h
                         ${LIBDIR}/libcorvane.so.${VERSION}
                         ${LIBDIR}/libcorvane.so.${SOVERSION}
                         ${LIBDIR}/libcorvane.so

@@ -25,6 +25,9 @@
 
 #include <stdint.h>
 
+/* CORVANE_VERSION_MAJOR, _MINOR, _PATCH and CORVANE_VERSION_STRING. */
+#include "corvane/version.h"
+
 #if defined(_WIN32)
 #define CORVANE_API
 #elif defined(__GNUC__)

@@ -12,6 +12,7 @@ The library is found through the environment variable CORVANE_LIBRARY (a
 path), next to this package, or on the system's library path.
 """
 
+from . import _version
 from ._library import CARDS_LENGTH, LAYUP_LENGTH, library_path
 from .buckling import (
     PlateBucklingLoads,
@@ -20,7 +21,7 @@ from .buckling import (
     plate_buckling_rf,
     shell_buckling_loads,
 )
-from .errors import CorvaneError, LibraryError
+from .errors import CorvaneError, Error, LibraryError
 from .laminate import (
     InPlaneStrains,
     LaminateStiffness,
@@ -30,12 +31,13 @@ from .laminate import (
     strains_in_plane,
 )
 
-__version__ = "0.1.0"
+__version__ = _version.version()
 
 __all__ = [
     "CARDS_LENGTH",
     "LAYUP_LENGTH",
     "CorvaneError",
+    "Error",
     "InPlaneStrains",
     "LaminateStiffness",
     "LibraryError",

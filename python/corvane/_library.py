@@ -52,12 +52,13 @@ def candidates(environ=None, package_dir=None, system_name=None):
 
 
 @functools.cache
-def library():
-    """The loaded library (loaded once, on first use)."""
+def _loaded():
+    """The loaded library and the path or name it was loaded under (loaded
+    once, on first use)."""
     failures = []
     for candidate in candidates():
         try:
-            return ctypes.CDLL(candidate)
+            return ctypes.CDLL(candidate), candidate
         except OSError as error:
             failures.append(f"  {candidate}: {error}")
     raise LibraryError(
@@ -67,9 +68,14 @@ def library():
     )
 
 
+def library():
+    """The loaded library."""
+    return _loaded()[0]
+
+
 def library_path():
     """The path or name under which the library was loaded."""
-    return library()._name
+    return _loaded()[1]
 
 
 _F = POINTER(c_float)
@@ -88,9 +94,11 @@ _PROTOTYPES = {
 }
 
 
+@functools.cache
 def entry_point(name):
     """The library's entry point `name` as a ctypes function with its
-    argument types set (a fresh object on each call, shared with nobody)."""
+    argument types set. It is made once and shared by every caller and
+    thread: call it, never change it."""
     prototype = ctypes.CFUNCTYPE(None, *_PROTOTYPES[name])
     try:
         return prototype((name, library()))

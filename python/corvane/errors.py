@@ -1,7 +1,11 @@
 """The exceptions of the corvane package."""
 
 
-class CorvaneError(Exception):
+class Error(Exception):
+    """Base of the package's exceptions: catching it catches any of them."""
+
+
+class CorvaneError(Error):
     """An entry point of the library returned a non-zero error code.
 
     Attributes:
@@ -20,6 +24,6 @@ class CorvaneError(Exception):
         self.result = result
 
 
-class LibraryError(OSError):
+class LibraryError(Error, OSError):
     """The Corvane shared library could not be found or loaded, or lacks an
     entry point."""

@@ -3,6 +3,8 @@
 import os
 import pathlib
 import re
+import subprocess
+import sys
 
 import pytest
 
@@ -37,6 +39,34 @@ def test_the_loaded_library_is_the_one_named_in_the_environment():
     if "CORVANE_LIBRARY" not in os.environ:
         pytest.skip("CORVANE_LIBRARY not set: the library came from elsewhere")
     assert corvane.library_path() == os.environ["CORVANE_LIBRARY"]
+
+
+def test_a_missing_library_is_named_by_a_package_error(tmp_path):
+    missing = str(tmp_path / "libcorvane.so.0")
+    probe = (
+        "import corvane\n"
+        "try: corvane.library_path()\n"
+        "except corvane.Error as e: print(repr(e))"
+    )
+    ran = subprocess.run(
+        [sys.executable, "-c", probe],
+        env=dict(os.environ, CORVANE_LIBRARY=missing),
+        capture_output=True,
+        text=True,
+        check=True,
+    )
+    assert ran.stdout.startswith("LibraryError(") and missing in ran.stdout
+
+
+def test_each_entry_point_is_made_once():
+    name = "LAMINATE_RECTANGULAR_SS_BUCKLING_RF"
+    assert _library.entry_point(name) is _library.entry_point(name)
+
+
+def test_the_version_is_the_projects():
+    if "CORVANE_VERSION" not in os.environ:
+        pytest.skip("CORVANE_VERSION not set: run outside the build's tests")
+    assert corvane.__version__ == os.environ["CORVANE_VERSION"]
 
 
 @pytest.mark.parametrize("value", ["a", None, [1.0]])
