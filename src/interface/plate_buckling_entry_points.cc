@@ -1,11 +1,13 @@
-// The exported entry points of simply supported plate buckling: they read the
-// caller's values, run the routines of plate_buckling.h and write the results
-// back. Nothing here prints, and no exception leaves.
+// LAMINATE_RECTANGULAR_SS_BUCKLING_LOADS and LAMINATE_RECTANGULAR_SS_BUCKLING_RF:
+// adapters over the simply supported plate routines of plate_buckling.h. Nothing
+// they call allocates or throws, so they need no catch.
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 
 #include "buckling/plate_buckling.h"
 #include "corvane/corvane.h"
+#include "interface/null_arguments.h"
 #include "util/matrix3.h"
 
 extern "C" {
@@ -14,28 +16,22 @@ CORVANE_API void LAMINATE_RECTANGULAR_SS_BUCKLING_LOADS(const float* d, const fl
                                                         const float* b, float* nxcr,
                                                         float* nycr, float* nxycr,
                                                         int32_t* ierr) {
-  if (d == nullptr || a == nullptr || b == nullptr || nxcr == nullptr ||
-      nycr == nullptr || nxycr == nullptr || ierr == nullptr) {
-    if (ierr != nullptr) *ierr = -1;
-    return;
-  }
+  if (corvane::null_argument(ierr, d, a, b, nxcr, nycr, nxycr)) return;
+  // The loads are zeroed before [D], a and b are read, as hosts have always had
+  // it: one variable passed as a dimension and as a load reads as zero.
   *ierr = 0;
   *nxcr = 0.0f;
   *nycr = 0.0f;
   *nxycr = 0.0f;
-  try {
-    corvane::Matrix3 D;
-    for (int i = 0; i < 9; ++i) D.v[i] = d[i];
-    // A tensile load vector: only the critical loads are wanted, and failures
-    // show as zero loads, not through the error code.
-    corvane::CriticalLoads critical;
-    corvane::plate_buckling(D, *a, *b, 1.0f, 1.0f, 0.0f, &critical);
-    *nxcr = critical.nxcr;
-    *nycr = critical.nycr;
-    *nxycr = critical.nxycr;
-  } catch (...) {
-    // Not reached (nothing above allocates or throws); the loads stay zero.
-  }
+  corvane::Matrix3 D;
+  std::copy_n(d, 9, D.v.begin());
+  // A tensile load vector: only the critical loads are wanted, and failures
+  // show as zero loads, not through the error code.
+  corvane::CriticalLoads critical;
+  corvane::plate_buckling(D, *a, *b, 1.0f, 1.0f, 0.0f, &critical);
+  *nxcr = critical.nxcr;
+  *nycr = critical.nycr;
+  *nxycr = critical.nxycr;
 }
 
 CORVANE_API void LAMINATE_RECTANGULAR_SS_BUCKLING_RF(const float* nx, const float* ny,
@@ -43,23 +39,17 @@ CORVANE_API void LAMINATE_RECTANGULAR_SS_BUCKLING_RF(const float* nx, const floa
                                                      const float* nycr,
                                                      const float* nxycr, float* rf,
                                                      int32_t* ierr) {
-  if (nx == nullptr || ny == nullptr || nxy == nullptr || nxcr == nullptr ||
-      nycr == nullptr || nxycr == nullptr || rf == nullptr || ierr == nullptr) {
-    if (ierr != nullptr) *ierr = -1;
-    return;
-  }
-  *ierr = 0;
+  if (corvane::null_argument(ierr, nx, ny, nxy, nxcr, nycr, nxycr, rf)) return;
+  const float Nx = *nx, Ny = *ny, Nxy = *nxy;
+  const float Nxcr = *nxcr, Nycr = *nycr, Nxycr = *nxycr;
   // A NaN critical load is not below 1e-6: it passes, and its NaN reaches rf.
-  if (*nxcr < 1.0e-6f || *nycr < 1.0e-6f || *nxycr < 1.0e-6f) {
+  if (Nxcr < 1.0e-6f || Nycr < 1.0e-6f || Nxycr < 1.0e-6f) {
     *rf = 0.0f;
     *ierr = 1;
     return;
   }
-  try {
-    *rf = corvane::interaction_rf(-*nx / *nxcr, -*ny / *nycr, std::fabs(*nxy / *nxycr));
-  } catch (...) {
-    *rf = 0.0f;  // not reached: nothing above throws
-  }
+  *rf = corvane::interaction_rf(-Nx / Nxcr, -Ny / Nycr, std::fabs(Nxy / Nxycr));
+  *ierr = 0;
 }
 
 }  // extern "C"
