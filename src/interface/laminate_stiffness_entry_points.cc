@@ -140,7 +140,9 @@ CORVANE_API void LAMINATE_STIFFNESS(
                     dstar, h, ex, ey, gxy, nuxy, alphax, alphay, alphaxy, plies, cards)) {
     return;
   }
-  // Read before anything is written, in case the host passes a variable twice.
+  // The constants are read before anything is written, in case the host passes
+  // a variable twice; the stacking text is parsed after the zeroing, as it
+  // always was, and the cards are written only after the parse.
   const PlyConstants constants{*t, *e1, *e2, *g12, *nu12, *cte1, *cte2};
   const Results results{symmetric, a,    b,      d,      dstar,   h,     ex,   ey,
                         gxy,       nuxy, alphax, alphay, alphaxy, plies, cards};
