@@ -1,7 +1,7 @@
-// The stiffness entry points when memory runs out: every allocation a call
+// The entry points when memory runs out: every allocation a stiffness call
 // makes is failed in turn, and each call must still return with error code 2,
-// having copied nothing of the laminate. A program of its own, because it
-// replaces the global allocation functions.
+// having copied nothing of the laminate; the other four allocate nothing. A
+// program of its own, because it replaces the global allocation functions.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -101,6 +101,25 @@ TEST(EntryPointsOutOfMemory, BiMaterialLaminateStiffness) {
             o.cards.data(), CORVANE_CARDS_LENGTH, &o.ierr);
       },
       true);
+}
+
+// Nothing can throw in the other four, so they have no catch: the first
+// allocation would fail and its exception reach this test.
+TEST(EntryPointsOutOfMemory, OtherEntryPointsAllocateNothing) {
+  const float a[9] = {50000, 15000, 0, 15000, 40000, 0, 0, 0, 17000};
+  const float d[9] = {4000, 1200, 0, 1200, 3500, 0, 0, 0, 1400};
+  const float l = 600.0f, b = 300.0f, r = 1500.0f, n = -100.0f;
+  float out[5];
+  std::int32_t ierr = 7;
+  allocations_before_failure = 1;
+  LAMINATE_STRAINS_IN_PLANE(&t, &e1, &e2, &g12, &nu12, &n, &n, &n, &out[0], &out[1],
+                            &out[2], &out[3], &out[4], &ierr);
+  LAMINATE_RECTANGULAR_SS_BUCKLING_LOADS(d, &l, &b, &out[0], &out[1], &out[2], &ierr);
+  LAMINATE_RECTANGULAR_SS_BUCKLING_RF(&n, &n, &n, &out[0], &out[1], &out[2], &out[3],
+                                      &ierr);
+  LAMINATE_SHELL_BUCKLING_LOADS(a, d, &l, &b, &r, &t, &out[0], &out[1], &out[2], &ierr);
+  EXPECT_EQ(allocations_before_failure, 1);
+  allocations_before_failure = 0;
 }
 
 }  // namespace

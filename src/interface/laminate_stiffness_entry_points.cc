@@ -136,12 +136,13 @@ CORVANE_API void LAMINATE_STIFFNESS(
     float* ey, float* gxy, float* nuxy, float* alphax, float* alphay, float* alphaxy,
     int32_t* plies, char* cards, int64_t /*cards_length*/, int32_t* ierr) {
   using namespace corvane;
-  if (any_null(t, e1, e2, g12, nu12, cte1, cte2, layup, symmetric, a, b, d, dstar, h, ex,
-               ey, gxy, nuxy, alphax, alphay, alphaxy, plies, cards, ierr)) {
-    report_null_argument(ierr);
+  if (null_argument(ierr, t, e1, e2, g12, nu12, cte1, cte2, layup, symmetric, a, b, d,
+                    dstar, h, ex, ey, gxy, nuxy, alphax, alphay, alphaxy, plies, cards)) {
     return;
   }
-  // Read before anything is written, in case the host passes a variable twice.
+  // The constants are read before anything is written, in case the host passes
+  // a variable twice; the stacking text is parsed after the zeroing, as it
+  // always was, and the cards are written only after the parse.
   const PlyConstants constants{*t, *e1, *e2, *g12, *nu12, *cte1, *cte2};
   const Results results{symmetric, a,    b,      d,      dstar,   h,     ex,   ey,
                         gxy,       nuxy, alphax, alphay, alphaxy, plies, cards};
@@ -166,10 +167,9 @@ CORVANE_API void BI_MATERIAL_LAMINATE_STIFFNESS(
     float* ey, float* gxy, float* nuxy, float* alphax, float* alphay, float* alphaxy,
     int32_t* plies, char* cards, int64_t /*cards_length*/, int32_t* ierr) {
   using namespace corvane;
-  if (any_null(t1, e1_1, e2_1, g12_1, nu12_1, cte1_1, cte2_1, t2, e1_2, e2_2, g12_2,
-               nu12_2, cte1_2, cte2_2, layup, symmetric, a, b, d, dstar, h, ex, ey, gxy,
-               nuxy, alphax, alphay, alphaxy, plies, cards, ierr)) {
-    report_null_argument(ierr);
+  if (null_argument(ierr, t1, e1_1, e2_1, g12_1, nu12_1, cte1_1, cte2_1, t2, e1_2, e2_2,
+                    g12_2, nu12_2, cte1_2, cte2_2, layup, symmetric, a, b, d, dstar, h,
+                    ex, ey, gxy, nuxy, alphax, alphay, alphaxy, plies, cards)) {
     return;
   }
   const PlyConstants first{*t1, *e1_1, *e2_1, *g12_1, *nu12_1, *cte1_1, *cte2_1};

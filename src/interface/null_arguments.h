@@ -6,15 +6,13 @@
 
 namespace corvane {
 
-// True when any of the pointers is null.
+// True when the error code or any of the other arguments is null; the error
+// code is then set to -1 when it can be written at all.
 template <typename... T>
-constexpr bool any_null(const T*... pointers) {
-  return ((pointers == nullptr) || ...);
-}
-
-// Sets the error code to -1 when it can be written at all.
-inline void report_null_argument(std::int32_t* error_code) {
+bool null_argument(std::int32_t* error_code, const T*... arguments) {
+  if (error_code != nullptr && ((arguments != nullptr) && ...)) return false;
   if (error_code != nullptr) *error_code = -1;
+  return true;
 }
 
 }  // namespace corvane

@@ -40,6 +40,22 @@ TEST(BucklingLoadsEntry, ReadsD11D12D22D66Only) {
   EXPECT_NEAR(out.nxycr, 92.0 * 1000.0 / 40000.0, 1.0e-5);
 }
 
+TEST(BucklingLoadsEntry, LoadsAreZeroedBeforeTheDimensionsAreRead) {
+  // A dimension passed in the variable of a load reads as zero: no load found.
+  const float d[9] = {1000, 0, 0, 300, 1000, 0, 0, 0, 350};
+  for (int k = 0; k < 3; ++k) {
+    for (const bool length : {true, false}) {
+      float loads[3] = {200.0f, 200.0f, 200.0f};
+      float other = 200.0f;
+      int32_t ierr = 7;
+      LAMINATE_RECTANGULAR_SS_BUCKLING_LOADS(d, length ? &loads[k] : &other,
+                                             length ? &other : &loads[k], &loads[0],
+                                             &loads[1], &loads[2], &ierr);
+      EXPECT_EQ(loads[0] + loads[1] + loads[2], 0.0f) << k << length;
+    }
+  }
+}
+
 TEST(BucklingLoadsEntry, FailuresShowAsZeroLoadsWithErrorCodeZero) {
   Loads out = buckling_loads(10.0f, 0.0f, 5.0f, 2.0f, 1.0f, 1.0f);  // D12 = 0
   EXPECT_EQ(out.ierr, 0);
