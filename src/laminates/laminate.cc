@@ -26,10 +26,6 @@ Vector3 product(const Matrix3& m, const Vector3& x) {
   return y;
 }
 
-// MAX(x, floor) as single-precision hosts evaluate it: a NaN gives the floor,
-// and -0.0 against a floor of 0.0 gives +0.0.
-float floor_at(float x, float floor) { return x > floor ? x : floor; }
-
 // The stiffness matrices [A], [B], [D] of one ply set, summed ply by ply in
 // stacking order: every element is its own running sum, so adding all of them
 // for one ply before going to the next rounds exactly as summing each element
@@ -287,8 +283,7 @@ float LAMINATE::plate_term(float width, float m) const {
   int status = kInverseOk;
   const Matrix3 compliance = inverse3x3(Dstar_B, 1.0e-20f, &status);
   if (status != kInverseOk) return 0.0f;
-  // 9.869606 as written: two units in the last place above the float nearest pi^2.
-  return m * 9.869606f / (width * width * compliance(1, 1));
+  return m * kPiSquared / (width * width * compliance(1, 1));
 }
 
 LAMINATE LAMINATE::rotate(float delta_deg) const {

@@ -35,6 +35,23 @@ TEST(Numerics, ConversionsToInt32) {
   EXPECT_EQ(to_int32(2147483520.0f), 2147483520);
 }
 
+// The hosts' MIN and MAX let a NaN through on one side only; fmin and fmax
+// never let it hide a number. Rewriting one as the other changes results.
+TEST(Numerics, MinAndMaxAsTheHostsEvaluateThem) {
+  const float nan = std::numeric_limits<float>::quiet_NaN();
+  EXPECT_EQ(floor_at(nan, 1.0f), 1.0f);
+  EXPECT_TRUE(std::isnan(floor_at(2.0f, nan)));
+  EXPECT_FALSE(std::signbit(floor_at(-0.0f, 0.0f)));
+  EXPECT_EQ(min_of(nan, 1.0f), 1.0f);
+  EXPECT_TRUE(std::isnan(min_of(1.0f, nan)));
+  EXPECT_EQ(smallest_number({nan, 3.0f, -2.0f, nan}), -2.0f);
+  EXPECT_TRUE(std::isnan(smallest_number({nan})));
+  EXPECT_EQ(larger_number(nan, -1.0f), -1.0f);
+  EXPECT_TRUE(any_not_positive({1.0f, nan, -0.0f}));
+  EXPECT_FALSE(any_not_positive({1.0f, nan}));
+  EXPECT_EQ(radians(180.0f), kPi);
+}
+
 struct RealCase {
   const char* text;
   int status;
