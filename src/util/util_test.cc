@@ -71,20 +71,19 @@ TEST_P(ReadReal, ReadsOneDecimalNumberOrRefuses) {
 
 INSTANTIATE_TEST_SUITE_P(
     Tokens, ReadReal,
-    ::testing::Values(RealCase{"45", 0, 45.0f}, RealCase{"45.", 0, 45.0f},
-                      RealCase{".5", 0, 0.5f}, RealCase{"-22.5", 0, -22.5f},
-                      RealCase{"  +90  ", 0, 90.0f}, RealCase{"1E3", 0, 1000.0f},
-                      RealCase{"1.5d-2", 0, 0.015f}, RealCase{"2e+1", 0, 20.0f},
-                      RealCase{"0.1", 0, 0.1f}, RealCase{"-0", 0, -0.0f},
-                      RealCase{"", kReadBadSyntax, 0}, RealCase{"   ", kReadBadSyntax, 0},
-                      RealCase{".", kReadBadSyntax, 0}, RealCase{"-", kReadBadSyntax, 0},
-                      RealCase{"abc", kReadBadSyntax, 0}, RealCase{"4 5", kReadBadSyntax, 0},
-                      RealCase{"4,5", kReadBadSyntax, 0}, RealCase{"0x10", kReadBadSyntax, 0},
-                      RealCase{"inf", kReadBadSyntax, 0}, RealCase{"nan", kReadBadSyntax, 0},
-                      RealCase{"1e", kReadBadSyntax, 0}, RealCase{"1e+", kReadBadSyntax, 0},
-                      RealCase{"--1", kReadBadSyntax, 0}, RealCase{"1.2.3", kReadBadSyntax, 0},
-                      RealCase{"1e39", kReadOutOfRange, 0},
-                      RealCase{"1e-60", kReadOutOfRange, 0}));
+    ::testing::Values(
+        RealCase{"45", 0, 45.0f}, RealCase{"45.", 0, 45.0f}, RealCase{".5", 0, 0.5f},
+        RealCase{"-22.5", 0, -22.5f}, RealCase{"  +90  ", 0, 90.0f},
+        RealCase{"1E3", 0, 1000.0f}, RealCase{"1.5d-2", 0, 0.015f},
+        RealCase{"2e+1", 0, 20.0f}, RealCase{"0.1", 0, 0.1f}, RealCase{"-0", 0, -0.0f},
+        RealCase{"", kReadBadSyntax, 0}, RealCase{"   ", kReadBadSyntax, 0},
+        RealCase{".", kReadBadSyntax, 0}, RealCase{"-", kReadBadSyntax, 0},
+        RealCase{"abc", kReadBadSyntax, 0}, RealCase{"4 5", kReadBadSyntax, 0},
+        RealCase{"4,5", kReadBadSyntax, 0}, RealCase{"0x10", kReadBadSyntax, 0},
+        RealCase{"inf", kReadBadSyntax, 0}, RealCase{"nan", kReadBadSyntax, 0},
+        RealCase{"1e", kReadBadSyntax, 0}, RealCase{"1e+", kReadBadSyntax, 0},
+        RealCase{"--1", kReadBadSyntax, 0}, RealCase{"1.2.3", kReadBadSyntax, 0},
+        RealCase{"1e39", kReadOutOfRange, 0}, RealCase{"1e-60", kReadOutOfRange, 0}));
 
 TEST(ReadInteger, AcceptsOnlySignedDigitsThatFit) {
   std::int32_t v = 0;
