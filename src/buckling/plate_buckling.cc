@@ -4,15 +4,14 @@
 #include <array>
 #include <cmath>
 #include <cstddef>
-#include <initializer_list>
 
 #include "interpolation/table_lookup.h"
+#include "util/numerics.h"
 
 namespace corvane {
 namespace {
 
-constexpr float kPiSquared = 9.869606f;
-constexpr float kTwoPiSquared = 19.739212f;
+constexpr float kTwoPiSquared = 2.0f * kPiSquared;  // 19.739212, exactly
 constexpr float kStartMinimum = 100000.0f;
 constexpr float kAspectCap = 10.0f;  // longest side taken as at most 10 widths
 constexpr int kLastBound = 100;
@@ -75,12 +74,6 @@ constexpr bool all_coefficients_positive() {
 }
 static_assert(all_coefficients_positive());
 
-// True when the smallest of the values is at or below zero. A NaN is never the
-// smallest (fmin passes over it), so a NaN alone does not reject the input.
-bool smallest_not_positive(std::initializer_list<float> values) {
-  return std::any_of(values.begin(), values.end(), [](float v) { return v <= 0.0f; });
-}
-
 float compression_coefficient(float ratio) {
   return table_lookup(kCompression[0], kCompression[1], ratio);
 }
@@ -116,7 +109,7 @@ HalfWaveSearch half_wave_search(const Matrix3& D, float a, float b, float nx, fl
   const float D66 = D(3, 3);
   HalfWaveSearch failed;
   failed.error = 1;
-  if (smallest_not_positive({a, b, D66, D22, D12, D11})) return failed;
+  if (any_not_positive({a, b, D66, D22, D12, D11})) return failed;
 
   float a_eff = a;
   float b_eff = b;
@@ -237,7 +230,7 @@ int closed_form_estimate(float D11, float D12, float D22, float D66, float a, fl
   nxcr = 0.0f;
   nycr = 0.0f;
   nxycr = 0.0f;
-  if (smallest_not_positive({a, b, D66, D22, D12, D11})) return 1;
+  if (any_not_positive({a, b, D66, D22, D12, D11})) return 1;
 
   // Aspect ratios of the equivalent isotropic plate; fourth roots as two square roots.
   const float rx = (a / b) * std::sqrt(std::sqrt(D22 / D11));

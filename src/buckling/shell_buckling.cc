@@ -4,8 +4,6 @@
 #include <array>
 #include <cmath>
 #include <cstdint>
-#include <initializer_list>
-#include <limits>
 
 #include "laminates/inverse3x3.h"
 #include "util/numerics.h"
@@ -13,8 +11,6 @@
 namespace corvane {
 namespace {
 
-constexpr float kPi = 3.141593f;
-constexpr float kTwoPi = 6.283186f;
 constexpr float kCylinderStart = 1.0e30f;
 constexpr float kPanelStart = 100000.0f;
 constexpr std::int32_t kBlock = 256;  // cylinder modes formed before they are compared
@@ -28,15 +24,6 @@ struct WaveTerms {
   std::array<float, kBlock> beta, beta2, wave2, beta2_A66, beta2_A22, B22_beta3,
       A22_beta_R, D22_beta4, hoop;
 };
-
-// The smallest of values and the larger of two pass over a NaN (as fmin and fmax
-// do): a NaN comes out only when nothing else is left, and never hides a number.
-float smallest(std::initializer_list<float> values) {
-  float result = std::numeric_limits<float>::quiet_NaN();
-  for (const float v : values) result = std::fmin(result, v);
-  return result;
-}
-float larger(float x, float y) { return std::fmax(x, y); }
 
 }  // namespace
 
@@ -167,7 +154,8 @@ PanelSearch curved_panel_search(const Matrix3& A, const Matrix3& D, float L, flo
   float b_eff = b;
   if (b > 0.0f && L / b > kAspectCap) L_eff = kAspectCap * b;
   if (L > 0.0f && b / L > kAspectCap) b_eff = kAspectCap * L;
-  if (smallest({A(1, 1), A(1, 2), A(2, 2), A(3, 3), D11, D12, D22, D66, L, b}) <= 0.0f) {
+  if (smallest_number({A(1, 1), A(1, 2), A(2, 2), A(3, 3), D11, D12, D22, D66, L, b}) <=
+      0.0f) {
     return search;
   }
 
@@ -229,7 +217,7 @@ PanelSearch curved_panel_search(const Matrix3& A, const Matrix3& D, float L, flo
 
 float empirical_curvature_factor(float L, float b, float R, float t) {
   if (R < kFlat) return 1.0f;
-  if (!(smallest({L, b, t}) >= kFlat)) return 0.0f;
+  if (!(smallest_number({L, b, t}) >= kFlat)) return 0.0f;
   float aspect = 1.0f;
   float width = b;
   if (L < b) {
@@ -252,7 +240,7 @@ int compliance_curvature_factor(const Matrix3& A, float L, float b, float R, flo
   const float nuxy_nuyx = nuxy * nuxy * (1.0f / (t * a(2, 2))) / Ex;
   if (R < kFlat) {
     factor = 1.0f;
-  } else if (smallest({L, b, t}) >= kFlat && nuxy_nuyx >= 1.0e-5f) {
+  } else if (smallest_number({L, b, t}) >= kFlat && nuxy_nuyx >= 1.0e-5f) {
     const float Z = b * b / (R * t);
     float q = 12.0f * (1.0f - nuxy_nuyx) * (Z * Z);
     if (std::sqrt(q) > 40.0f) q = 1600.0f;
@@ -302,9 +290,9 @@ CriticalLoads shell_buckling(const Matrix3& A, const Matrix3& D, float L, float 
   }
 
   CriticalLoads loads;
-  loads.nxcr = larger(axial.load, cylinder.nx);
-  loads.nycr = larger(circumferential.load, cylinder.ny);
-  loads.nxycr = R > 0.0f ? larger(factor * flat_shear, cylinder.nxy) : flat_shear;
+  loads.nxcr = larger_number(axial.load, cylinder.nx);
+  loads.nycr = larger_number(circumferential.load, cylinder.ny);
+  loads.nxycr = R > 0.0f ? larger_number(factor * flat_shear, cylinder.nxy) : flat_shear;
   return finish(loads);
 }
 

@@ -32,6 +32,7 @@ using FixedText = std::array<char, 24>;
 // 10^decimals needs at most 24 + 27 bits, so the product in double is exact, and
 // rounding it to a whole number, ties to even, is the rounding printf makes of
 // the exact binary value.
+// Stays: to_chars with a precision, same text, took 2.7x as long (24-ply deck +20 %).
 std::size_t exact_fixed(float x, int decimals, FixedText& text) {
   static constexpr std::array<double, 9> kScale = {1e0, 1e1, 1e2, 1e3, 1e4,
                                                    1e5, 1e6, 1e7, 1e8};

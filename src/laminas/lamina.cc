@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include "laminas/matrix_product.h"
 #include "util/fixed_width.h"
 #include "util/keywords.h"
 
@@ -26,14 +25,6 @@ Matrix3 reduced_stiffness(float e1, float e2, float g12, float v12, float nu21) 
   const float d = 1.0f - v12 * nu21;
   const float q12 = v12 * e2 / d;
   return by_rows({{{e1 / d, q12, 0.0f}, {q12, e2 / d, 0.0f}, {0.0f, 0.0f, g12}}});
-}
-
-std::array<float, 3> product(const Matrix3& m, const std::array<float, 3>& x) {
-  std::array<float, 3> y{};
-  for (int i = 1; i <= 3; ++i) {
-    y[i - 1] = (m(i, 1) * x[0] + m(i, 2) * x[1]) + m(i, 3) * x[2];
-  }
-  return y;
 }
 
 // A row of fixed-point fields: value, width, decimals.
@@ -158,17 +149,8 @@ void LAMINA::update_design_stiffness() {
 }
 
 Matrix3 LAMINA::stiffness_at_angle(float angle_deg, int which) const {
-  const float theta = angle_deg * 3.141593f / 180.0f;
-  const float m = std::cos(theta);
-  const float n = std::sin(theta);
-  const float mm = m * m;
-  const float nn = n * n;
-  const float mn = m * n;
   // Stress transformation T(theta) and its inverse T(-theta).
-  const Matrix3 t =
-      by_rows({{{mm, nn, 2.0f * mn}, {nn, mm, -2.0f * mn}, {-mn, mn, mm - nn}}});
-  const Matrix3 t_inv =
-      by_rows({{{mm, nn, -2.0f * mn}, {nn, mm, 2.0f * mn}, {mn, -mn, mm - nn}}});
+  const auto [t, t_inv] = stress_transformation(angle_deg);
   // Engineering shear strain: R = diag(1, 1, 2).
   const Matrix3 r =
       by_rows({{{1.0f, 0.0f, 0.0f}, {0.0f, 1.0f, 0.0f}, {0.0f, 0.0f, 2.0f}}});
@@ -195,12 +177,12 @@ float LAMINA::tsai_hill_rf(float s1, float s2, float t12) const {
 
 std::array<float, 3> LAMINA::stress_from_strain(
     const std::array<float, 3>& strain) const {
-  return product(Q, strain);
+  return matrix_vector_product(Q, strain);
 }
 
 std::array<float, 3> LAMINA::strain_from_stress(
     const std::array<float, 3>& stress) const {
-  return product(S, stress);
+  return matrix_vector_product(S, stress);
 }
 
 void LAMINA::set_strengths(float f1t, float f1c, float f12, float f2t, float f2c) {

@@ -9,6 +9,8 @@
 
 #include <gtest/gtest.h>
 
+#include "util/numerics.h"
+
 namespace corvane {
 namespace {
 
@@ -27,7 +29,7 @@ std::array<double, 4> ReducedStiffness(double e1, double e2, double g12, double 
 // Transformed reduced stiffness by the textbook closed form.
 std::array<std::array<double, 3>, 3> ClosedForm(const std::array<double, 4>& q,
                                                 double deg) {
-  const double t = deg * 3.141593 / 180, m = std::cos(t), n = std::sin(t);
+  const double t = deg * kPi / 180, m = std::cos(t), n = std::sin(t);
   const double m2 = m * m, n2 = n * n, m4 = m2 * m2, n4 = n2 * n2;
   const auto [q11, q12, q22, q66] = q;
   const double b11 = q11 * m4 + 2 * (q12 + 2 * q66) * m2 * n2 + q22 * n4;

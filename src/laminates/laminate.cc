@@ -8,27 +8,12 @@
 #include <cstring>
 #include <utility>
 
-#include "laminas/matrix_product.h"
 #include "laminates/inverse3x3.h"
 #include "util/fixed_width.h"
 #include "util/numerics.h"
 
 namespace corvane {
 namespace {
-
-using Vector3 = std::array<float, 3>;
-
-Vector3 product(const Matrix3& m, const Vector3& x) {
-  Vector3 y{};
-  for (int i = 1; i <= 3; ++i) {
-    y[i - 1] = (m(i, 1) * x[0] + m(i, 2) * x[1]) + m(i, 3) * x[2];
-  }
-  return y;
-}
-
-// MAX(x, floor) as single-precision hosts evaluate it: a NaN gives the floor,
-// and -0.0 against a floor of 0.0 gives +0.0.
-float floor_at(float x, float floor) { return x > floor ? x : floor; }
 
 // The stiffness matrices [A], [B], [D] of one ply set, summed ply by ply in
 // stacking order: every element is its own running sum, so adding all of them
@@ -75,22 +60,9 @@ BlockInverse block_inverse(const Matrix3& a_inv, const Matrix3& b, const Matrix3
 // Thermal force per unit temperature of one ply in laminate axes:
 // T(theta)^-1 Q (CTE1, CTE2, 0), times the ply thickness.
 Vector3 thermal_force(const LAMINA& ply, float angle_deg) {
-  const float theta = angle_deg * 3.141593f / 180.0f;
-  const float m = std::cos(theta);
-  const float n = std::sin(theta);
-  const float mm = m * m, nn = n * n, mn = m * n;
-  Matrix3 t_inv;  // T(-theta)
-  t_inv(1, 1) = mm;
-  t_inv(1, 2) = nn;
-  t_inv(1, 3) = -2.0f * mn;
-  t_inv(2, 1) = nn;
-  t_inv(2, 2) = mm;
-  t_inv(2, 3) = 2.0f * mn;
-  t_inv(3, 1) = mn;
-  t_inv(3, 2) = -mn;
-  t_inv(3, 3) = mm - nn;
   const Vector3 laminate_axes =
-      product(t_inv, product(ply.Q, {ply.CTE1, ply.CTE2, 0.0f}));
+      matrix_vector_product(stress_transformation(angle_deg).t_inv,
+                            matrix_vector_product(ply.Q, {ply.CTE1, ply.CTE2, 0.0f}));
   Vector3 force{};
   for (std::size_t i = 0; i < 3; ++i) force[i] = laminate_axes[i] * ply.CPT;
   return force;
@@ -241,7 +213,7 @@ void LAMINATE::compute_stiffness() {
   nuxy = floor_at(-(a_inv(1, 2) * h) * Ex, 0.0f);
   nuyx = nuxy * Ey / Ex;
 
-  const Vector3 alpha = product(a_inv, thermal);
+  const Vector3 alpha = matrix_vector_product(a_inv, thermal);
   alphax = alpha[0];
   alphay = alpha[1];
   alphaxy = alpha[2];
@@ -277,8 +249,7 @@ float LAMINATE::plate_term(float width, float m) const {
   int status = kInverseOk;
   const Matrix3 compliance = inverse3x3(Dstar_B, 1.0e-20f, &status);
   if (status != kInverseOk) return 0.0f;
-  // 9.869606 as written: two units in the last place above the float nearest pi^2.
-  return m * 9.869606f / (width * width * compliance(1, 1));
+  return m * kPiSquared / (width * width * compliance(1, 1));
 }
 
 LAMINATE LAMINATE::rotate(float delta_deg) const {

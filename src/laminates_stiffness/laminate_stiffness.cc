@@ -1,5 +1,7 @@
 #include "laminates_stiffness/laminate_stiffness.h"
 
+#include "util/numerics.h"
+
 namespace corvane {
 namespace {
 
@@ -11,9 +13,6 @@ std::complex<float> bilinear(std::complex<float> s) {
   return {static_cast<float>((br * ar + bi * ai) / norm),
           static_cast<float>((bi * ar - br * ai) / norm)};
 }
-
-// MIN(x, y) as single-precision hosts evaluate it (a NaN in x gives y).
-float min_of(float x, float y) { return x < y ? x : y; }
 
 }  // namespace
 

@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include "util/numerics.h"
+
 namespace corvane {
 
 PLANESTRAIN plane_strain(float ex, float ey, float gxy) {
@@ -16,7 +18,7 @@ PLANESTRAIN plane_strain(float ex, float ey, float gxy) {
   e.e1 = m + r;
   e.e2 = m - r;
   if (std::fabs(ex - ey) >= 1.0e-6f) {
-    e.theta_p = 57.295773f * std::atan(gxy / (ex - ey)) * 0.5f;
+    e.theta_p = kDegreesPerRadian * std::atan(gxy / (ex - ey)) * 0.5f;
   } else {
     e.theta_p = 45.0f;
   }
@@ -25,7 +27,7 @@ PLANESTRAIN plane_strain(float ex, float ey, float gxy) {
 }
 
 void PLANESTRAIN::rotate(float angle_deg) {
-  const float angle = angle_deg * 3.141593f / 180.0f;
+  const float angle = radians(angle_deg);
   const float cs = std::cos(angle);
   const float sn = std::sin(angle);
   const float x = ex, y = ey, g = gxy;
@@ -36,7 +38,7 @@ void PLANESTRAIN::rotate(float angle_deg) {
 }
 
 float PLANESTRAIN::normal_at(float angle_deg) const {
-  const float two_angle = 2.0f * angle_deg * 3.141593f / 180.0f;
+  const float two_angle = radians(2.0f * angle_deg);
   return (ex + ey) * 0.5f + (ex - ey) * 0.5f * std::cos(two_angle) +
          gxy * 0.5f * std::sin(two_angle);
 }

@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include "util/numerics.h"
+
 namespace corvane {
 
 PLANESTRESS plane_stress(float sx, float sy, float txy) {
@@ -17,7 +19,7 @@ PLANESTRESS plane_stress(float sx, float sy, float txy) {
   s.svm = std::sqrt(sx * sx - sx * sy + sy * sy + 3.0f * (txy * txy));
   // Below this difference the direction is taken as 45 degrees, shear or not.
   if (std::fabs(sx - sy) >= 1.0e-6f) {
-    s.theta_p = 57.295773f * std::atan(2.0f * txy / (sx - sy)) * 0.5f;
+    s.theta_p = kDegreesPerRadian * std::atan(2.0f * txy / (sx - sy)) * 0.5f;
   } else {
     s.theta_p = 45.0f;
   }
@@ -27,7 +29,7 @@ PLANESTRESS plane_stress(float sx, float sy, float txy) {
 }
 
 void PLANESTRESS::rotate(float angle_deg) {
-  const float angle = angle_deg * 3.141593f / 180.0f;
+  const float angle = radians(angle_deg);
   const float cs = std::cos(angle);
   const float sn = std::sin(angle);
   const float x = sx, y = sy, t = txy;
@@ -38,7 +40,7 @@ void PLANESTRESS::rotate(float angle_deg) {
 }
 
 float PLANESTRESS::normal_at(float angle_deg) const {
-  const float two_angle = 2.0f * angle_deg * 3.141593f / 180.0f;
+  const float two_angle = radians(2.0f * angle_deg);
   return (sx + sy) * 0.5f + (sx - sy) * 0.5f * std::cos(two_angle) +
          txy * std::sin(two_angle);
 }
