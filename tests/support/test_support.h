@@ -25,9 +25,11 @@ struct Ply {
   float t, e1, e2, g12, nu12, cte1, cte2;
 };
 // Carbon/epoxy tape, mm and MPa; a negative CTE1 is accepted.
-inline constexpr Ply kTape{0.125f, 140000.0f, 10000.0f, 5000.0f, 0.3f, -0.5e-6f, 30.0e-6f};
+inline constexpr Ply kTape{0.125f, 140000.0f, 10000.0f, 5000.0f,
+                           0.3f,   -0.5e-6f,  30.0e-6f};
 // Glass fabric, thicker.
-inline constexpr Ply kFabric{0.25f, 25000.0f, 24000.0f, 4000.0f, 0.12f, 10.0e-6f, 11.0e-6f};
+inline constexpr Ply kFabric{0.25f, 25000.0f, 24000.0f, 4000.0f,
+                             0.12f, 10.0e-6f, 11.0e-6f};
 
 // The same ply as a LAMINA with both allowables 1000 (stresses).
 inline LAMINA lamina_of(const Ply& p, std::string_view name = "tape") {
