@@ -37,7 +37,8 @@ struct Refusals {
 
   std::size_t in_trimmed(std::size_t offset) const { return start + offset + 1; }
   // A character of the text being parsed, the expansion included: every copy
-  // of the group stands for the group as written.
+  // of the group stands for the group as written (a mark ")" leaves the last
+  // copy's last ply unreadable).
   std::size_t in_parsed(std::size_t offset) const {
     if (copy_length == 0) return in_trimmed(offset);
     return in_trimmed(open + (offset == 0 ? 0 : 1 + (offset - 1) % copy_length));
