@@ -1,5 +1,6 @@
 // Arbitrary text into the stacking-sequence parser, with and without the
-// per-ply material list; every accepted text must respect the ply limit.
+// per-ply material list and the reason of a refusal; every accepted text must
+// respect the ply limit.
 #include <cstdint>
 #include <cstdlib>
 #include <string_view>
@@ -17,7 +18,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     std::abort();
   }
   if (status != 0 && (!angles.empty() || !materials.empty())) std::abort();
+  // Without the material list, with the reason: the same status, and a reason
+  // that points inside the text.
   std::vector<float> angles_only;
-  if (corvane::parse_stacking_sequence(text, angles_only) != status) std::abort();
+  corvane::StackingRefusal refusal;
+  if (corvane::parse_stacking_sequence(text, angles_only, nullptr, &refusal) != status ||
+      refusal.status != status || refusal.position > size) {
+    std::abort();
+  }
   return 0;
 }

@@ -6,7 +6,6 @@
 #include <utility>
 
 #include "corvane/corvane.h"
-#include "layup_text.h"
 #include "number_text.h"
 
 namespace corvane::cli {
@@ -162,11 +161,11 @@ Json LaminateOptions::describe() const {
 std::string stiffness_failure(const StiffnessResult& result,
                               const LaminateOptions& options) {
   if (result.error_code == 1) {
-    if (std::string what = material_problem(options.material(), ""); !what.empty()) {
+    if (std::string what = material_problem(options.material()); !what.empty()) {
       return what;
     }
     if (const auto second = options.second_material()) {
-      if (std::string what = material_problem(*second, "m2-"); !what.empty()) {
+      if (std::string what = material_problem(*second); !what.empty()) {
         return "material 2: " + what;
       }
     }

@@ -1,7 +1,11 @@
 #include "laminate_call.h"
 
+#include <algorithm>
+#include <vector>
+
 #include "corvane/corvane.h"
-#include "number_text.h"
+#include "laminas/lamina.h"
+#include "laminates/stacking_sequence.h"
 
 namespace corvane::cli {
 
@@ -53,18 +57,24 @@ std::string stiffness_error_meaning(std::int32_t code) {
   }
 }
 
-std::string material_problem(const PlyMaterial& material, std::string_view prefix) {
-  const auto named = [&](const MaterialField& field) {
-    return std::string(field.label) + " = " + format_general(material.*field.value) +
-           " (--" + std::string(prefix) + std::string(field.option) + ")";
-  };
-  if (material.t < 1.0e-5f) return named(kMaterialFields[0]) + " is below 1e-5";
-  for (std::size_t k = 1; k <= 4; ++k) {
-    if (material.*kMaterialFields[k].value < 0.0f) {
-      return named(kMaterialFields[k]) + " is negative";
-    }
-  }
-  return {};
+std::string material_problem(const PlyMaterial& m) {
+  return lamina_fault(m.t, m.e1, m.e2, m.g12, m.nu12);
+}
+
+std::string layup_problem(std::string_view layup) {
+  std::vector<float> angles;
+  StackingRefusal refusal;
+  if (parse_stacking_sequence(layup, angles, nullptr, &refusal) == kStackingOk) return {};
+  std::string what = "the layup \"" + std::string(layup) + "\" is refused";
+  if (refusal.position != 0) what += " at character " + std::to_string(refusal.position);
+  return what + ": " + refusal.reason;
+}
+
+bool uses_second_material(std::string_view layup) {
+  std::vector<float> angles;
+  std::vector<std::int32_t> materials;
+  parse_stacking_sequence(layup, angles, &materials);
+  return std::find(materials.begin(), materials.end(), 2) != materials.end();
 }
 
 }  // namespace corvane::cli

@@ -1,6 +1,6 @@
 // The command's side of the stiffness entry points: a ply material as seven
 // values, the call with its 1000- and 10000-character texts, the results as
-// plain values, and the words that explain a refused material or layup.
+// plain values, and the core's words for a refused material or layup.
 #pragma once
 
 #include <array>
@@ -59,9 +59,15 @@ StiffnessResult laminate_stiffness(const PlyMaterial& material,
 // The meaning of a stiffness error code, in a few words.
 std::string stiffness_error_meaning(std::int32_t code);
 
-// Which value makes the material invalid, as "E2 = -10000 is negative", or an
-// empty text when none does. `prefix` is put between "--" and the option
-// names: empty for the first material, "m2-" for the second.
-std::string material_problem(const PlyMaterial& material, std::string_view prefix);
+// Why the library refuses the material, in the core's words (as
+// "E2 = -10000 is negative"), or an empty text when it accepts it.
+std::string material_problem(const PlyMaterial& material);
+
+// Why the library refuses the layup, with the character where it found the
+// fault, or an empty text when it reads the layup.
+std::string layup_problem(std::string_view layup);
+
+// True when the library reads a ply of the layup as of the second material.
+bool uses_second_material(std::string_view layup);
 
 }  // namespace corvane::cli

@@ -1,65 +1,26 @@
 #include "number_text.h"
 
 #include <charconv>
-#include <cmath>
 #include <cstdio>
-#include <system_error>
+
+#include "util/number_reading.h"
 
 namespace corvane::cli {
-namespace {
-
-// Optional sign, digits with an optional point (at least one digit), and an
-// optional exponent: E or e, optional sign, digits.
-bool is_plain_decimal(std::string_view token) {
-  std::size_t k = 0;
-  const auto digits = [&] {
-    const std::size_t start = k;
-    while (k < token.size() && token[k] >= '0' && token[k] <= '9') ++k;
-    return k - start;
-  };
-  if (k < token.size() && (token[k] == '+' || token[k] == '-')) ++k;
-  std::size_t mantissa = digits();
-  if (k < token.size() && token[k] == '.') {
-    ++k;
-    mantissa += digits();
-  }
-  if (mantissa == 0) return false;
-  if (k < token.size() && (token[k] == 'e' || token[k] == 'E')) {
-    ++k;
-    if (k < token.size() && (token[k] == '+' || token[k] == '-')) ++k;
-    if (digits() == 0) return false;
-  }
-  return k == token.size();
-}
-
-}  // namespace
-
-std::string_view trim_blanks(std::string_view text) {
-  const auto first = text.find_first_not_of(" \t");
-  if (first == std::string_view::npos) return {};
-  const auto last = text.find_last_not_of(" \t");
-  return text.substr(first, last - first + 1);
-}
 
 std::string parse_real(std::string_view text, float& value) {
-  std::string_view token = trim_blanks(text);
   const std::string quoted = "\"" + std::string(text) + "\"";
-  if (token.empty()) return "an empty text is not a number";
-  // from_chars alone would also take "inf", "nan" and hexadecimal digits.
-  if (!is_plain_decimal(token)) return quoted + " is not a number";
-  if (token.front() == '+') token.remove_prefix(1);
   float read = 0.0f;
-  const auto [end, error] =
-      std::from_chars(token.data(), token.data() + token.size(), read);
-  if (error == std::errc::result_out_of_range) {
-    return quoted + " is out of the range of a 32-bit real";
+  switch (read_real(text, read)) {
+    case kReadOk:
+      value = read;
+      return {};
+    case kReadOutOfRange:
+      return quoted + " is out of the range of a 32-bit real";
+    default:
+      return text.find_first_not_of(" \t") == std::string_view::npos
+                 ? "an empty text is not a number"
+                 : quoted + " is not a number";
   }
-  if (error != std::errc{} || end != token.data() + token.size() ||
-      !std::isfinite(read)) {
-    return quoted + " is not a number";
-  }
-  value = read;
-  return {};
 }
 
 std::string parse_symmetric_matrix(std::string_view text, std::array<float, 9>& matrix) {

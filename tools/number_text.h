@@ -1,6 +1,6 @@
-// Numbers between the command line and the entry points: strict reading of
-// reals and of six-term matrices, and the two ways results are written
-// (six significant digits for people, shortest exact form for JSON).
+// Numbers between the command line and the entry points: reals and six-term
+// matrices read by the library's own number grammar, and the two ways results
+// are written (six significant digits for people, shortest exact form for JSON).
 #pragma once
 
 #include <array>
@@ -9,11 +9,8 @@
 
 namespace corvane::cli {
 
-// The text without the blanks and tabs around it.
-std::string_view trim_blanks(std::string_view text);
-
-// Reads one finite real, rounded correctly to float: optional sign, digits
-// with an optional point, optional exponent; blanks around it are allowed.
+// Reads one real as the library reads numbers from text (D exponents
+// included), rounded correctly to float; blanks around it are allowed.
 // Returns an empty text on success, else why the text is not a number.
 std::string parse_real(std::string_view text, float& value);
 

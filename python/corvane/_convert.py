@@ -20,11 +20,6 @@ def reals(*values):
     return [byref(real(v)) for v in values]
 
 
-def float32(value):
-    """The value rounded to single precision, as a Python float."""
-    return real(value).value
-
-
 def matrix_argument(value, name):
     """Nine floats in column order from a 3x3 array-like."""
     array = np.asarray(value, dtype=np.float32)

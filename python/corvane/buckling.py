@@ -77,31 +77,20 @@ def plate_buckling_rf(Nx, Ny, Nxy, Nxcr, Nycr, Nxycr):
         *_convert.reals(Nx, Ny, Nxy, Nxcr, Nycr, Nxycr), byref(rf), byref(ierr)
     )
     if ierr.value != 0:
-        low = [
-            f"{name} = {value}"
-            for name, value in (("Nxcr", Nxcr), ("Nycr", Nycr), ("Nxycr", Nxycr))
-            if _convert.float32(value) < _convert.float32(1.0e-6)
-        ]
-        which = ", ".join(low) or "Nxcr, Nycr or Nxycr"
-        message = f"critical load below 1e-6: {which}"
+        meaning = (
+            "a critical load is below 1e-6"
+            if ierr.value == 1
+            else "undocumented error code"
+        )
+        message = f"{meaning} (Nxcr = {Nxcr}, Nycr = {Nycr}, Nxycr = {Nxycr})"
         raise CorvaneError(entry, ierr.value, message, rf.value)
     return rf.value
 
 
-def _shell_fault(code):
-    parts = []
-    if code // 100 % 10:
-        parts.append("the axial curved-panel search ended on its edge")
-    if code // 10 % 10:
-        parts.append("the circumferential curved-panel search ended on its edge")
-    if code % 10 == 1:
-        parts.append(
-            "the flat-panel shear estimate had a non-positive L, b, D11, D12, D22 "
-            "or D66, so its value is 0"
-        )
-    elif code % 10:
-        parts.append("the flat-panel shear estimate failed")
-    return "; ".join(parts)
+# The one shell error code corvane.h documents.
+_SHELL_ERRORS = {
+    1: "the flat-panel shear estimate had non-positive input, so its value is 0",
+}
 
 
 def shell_buckling_loads(A, D, L, b, R, t):
@@ -129,5 +118,6 @@ def shell_buckling_loads(A, D, L, b, R, t):
         ],
     )
     if code != 0:
-        raise CorvaneError(entry, code, _shell_fault(code), ShellBucklingLoads(*loads))
+        meaning = _SHELL_ERRORS.get(code, "undocumented error code")
+        raise CorvaneError(entry, code, meaning, ShellBucklingLoads(*loads))
     return ShellBucklingLoads(*loads)

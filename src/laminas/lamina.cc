@@ -1,6 +1,7 @@
 #include "laminas/lamina.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
 
 #include "util/fixed_width.h"
@@ -47,7 +48,37 @@ std::string column_rule(int indent, int columns) {
   return line + "\n";
 }
 
+// new_lamina's inputs in the order of its parameters; the first must reach
+// kThinnestPly, the others must not be negative (a NaN is let through).
+constexpr std::array<std::string_view, 7> kInputNames = {
+    "CPT", "E1", "E2", "G12", "v12", "tension_allowable", "compression_allowable"};
+constexpr float kThinnestPly = 1.0e-5f;
+constexpr std::size_t kNoRefusedInput = kInputNames.size();
+
+std::size_t refused_input(const std::array<float, 7>& inputs) {
+  if (inputs[0] < kThinnestPly) return 0;
+  for (std::size_t k = 1; k < inputs.size(); ++k) {
+    if (inputs[k] < 0.0f) return k;
+  }
+  return kNoRefusedInput;
+}
+
 }  // namespace
+
+std::string lamina_fault(float CPT, float E1, float E2, float G12, float v12,
+                         float tension_allowable, float compression_allowable) {
+  const std::array<float, 7> inputs = {
+      CPT, E1, E2, G12, v12, tension_allowable, compression_allowable};
+  const std::size_t k = refused_input(inputs);
+  if (k == kNoRefusedInput) return {};
+  // The shortest text that reads back as the very float refused.
+  std::array<char, 32> value{};
+  const auto written =
+      std::to_chars(value.data(), value.data() + value.size(), inputs[k]);
+  return std::string(kInputNames[k]) + " = " +
+         std::string(value.data(), static_cast<std::size_t>(written.ptr - value.data())) +
+         (k == 0 ? " is below 1.0e-5" : " is negative");
+}
 
 LAMINA new_lamina(float CPT, float E1, float E2, float G12, float v12,
                   float tension_allowable, float compression_allowable,
@@ -62,9 +93,9 @@ LAMINA new_lamina(float CPT, float E1, float E2, float G12, float v12,
   m.is_fabric = false;
   if (name) m.Name = std::string(*name);
 
-  if (CPT < 1.0e-5f) return m;
-  for (float x : {E1, E2, G12, v12, tension_allowable, compression_allowable}) {
-    if (x < 0.0f) return m;
+  if (refused_input({CPT, E1, E2, G12, v12, tension_allowable, compression_allowable}) !=
+      kNoRefusedInput) {
+    return m;
   }
 
   m.CPT = CPT;

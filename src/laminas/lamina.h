@@ -106,4 +106,11 @@ LAMINA new_lamina(float CPT, float E1, float E2, float G12, float v12,
                   std::optional<std::string_view> name = {},
                   std::optional<bool> is_fabric = {});
 
+// Why new_lamina would refuse these inputs, naming the first refused one and
+// its value (as "E2 = -10000 is negative"), or an empty text when it would
+// build a valid material. The allowables default to values never refused.
+std::string lamina_fault(float CPT, float E1, float E2, float G12, float v12,
+                         float tension_allowable = 0.0f,
+                         float compression_allowable = 0.0f);
+
 }  // namespace corvane

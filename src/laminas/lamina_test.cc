@@ -196,6 +196,10 @@ TEST_P(InvalidLamina, StaysInvalidWithNothingSet) {
   const auto& a = GetParam().args;
   const LAMINA m = new_lamina(a[0], a[1], a[2], a[3], a[4], a[5], a[6], "bad");
   EXPECT_EQ(m.status, -1);
+  // The reason names the refused input, the first of them when several are.
+  EXPECT_EQ(lamina_fault(a[0], a[1], a[2], a[3], a[4], a[5], a[6])
+                .rfind(std::string(GetParam().what) + " = ", 0),
+            0u);
   EXPECT_EQ(m.Name, "bad");
   for (float f : {m.F1t, m.F1c, m.e1tu, m.uetall, m.uecall, m.DENSITY, m.CPT, m.E1}) {
     EXPECT_EQ(f, 0.0f);
@@ -207,18 +211,19 @@ TEST_P(InvalidLamina, StaysInvalidWithNothingSet) {
 
 INSTANTIATE_TEST_SUITE_P(
     , InvalidLamina,
-    testing::Values(InvalidCase{"thin", {0.99e-5f, 70000, 70000, 5000, 0.1f, 500, 500}},
-                    InvalidCase{"E1", {0.2f, -1, 70000, 5000, 0.1f, 500, 500}},
-                    InvalidCase{"E2", {0.2f, 70000, -1, 5000, 0.1f, 500, 500}},
-                    InvalidCase{"G12", {0.2f, 70000, 70000, -1, 0.1f, 500, 500}},
-                    InvalidCase{"v12", {0.2f, 70000, 70000, 5000, -0.1f, 500, 500}},
-                    InvalidCase{"tension", {0.2f, 70000, 70000, 5000, 0.1f, -0.01f, 500}},
-                    InvalidCase{"compression",
-                                {0.2f, 70000, 70000, 5000, 0.1f, 500, -1}}),
+    testing::Values(
+        InvalidCase{"CPT", {0.99e-5f, -1, 70000, 5000, 0.1f, 500, 500}},
+        InvalidCase{"E1", {0.2f, -1, 70000, 5000, 0.1f, 500, 500}},
+        InvalidCase{"E2", {0.2f, 70000, -1, 5000, 0.1f, 500, 500}},
+        InvalidCase{"G12", {0.2f, 70000, 70000, -1, 0.1f, 500, 500}},
+        InvalidCase{"v12", {0.2f, 70000, 70000, 5000, -0.1f, 500, 500}},
+        InvalidCase{"tension_allowable", {0.2f, 70000, 70000, 5000, 0.1f, -0.01f, 500}},
+        InvalidCase{"compression_allowable", {0.2f, 70000, 70000, 5000, 0.1f, 500, -1}}),
     [](const auto& info) { return std::string(info.param.what); });
 
 TEST(NewLamina, ThinnestValidPlyAndZeroInputs) {
   EXPECT_EQ(new_lamina(1.0e-5f, 0, 0, 0, 0, 0, 0).status, 0);
+  EXPECT_EQ(lamina_fault(1.0e-5f, 0, 0, 0, 0), "");
 }
 
 struct FabricCase {

@@ -6,7 +6,9 @@
 // second material.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -21,12 +23,23 @@ inline constexpr int kStackingTooManyPlies = 3;
 // The most plies a laminate may have after repetition and mirroring.
 inline constexpr int kMaxPlies = 255;
 
+// Why a text was refused: the parser's status, a few words, and the 1-based
+// position in the given text of the character where the fault was found (0 when
+// the fault is of the text as a whole, as a missing ")" or too many plies).
+struct StackingRefusal {
+  int status = kStackingOk;
+  std::string reason;
+  std::size_t position = 0;
+};
+
 // Parses text into the ply angles in stacking order and, when material_indices
 // is given, the material of each ply (1 or 2; a mirrored ply keeps the index of
 // the ply it mirrors). Blanks around the text are ignored, and the text ends at
 // its first zero byte. Both outputs are cleared first and stay empty unless the
-// status is kStackingOk.
+// status is kStackingOk. When refusal is given, it is filled in on a refusal
+// and left alone otherwise.
 int parse_stacking_sequence(std::string_view text, std::vector<float>& angles,
-                            std::vector<std::int32_t>* material_indices = nullptr);
+                            std::vector<std::int32_t>* material_indices = nullptr,
+                            StackingRefusal* refusal = nullptr);
 
 }  // namespace corvane
