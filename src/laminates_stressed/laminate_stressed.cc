@@ -91,6 +91,7 @@ StrengthPlan::StrengthPlan(const LAMINATE& laminate,
     }
   }
   status_ = {};
+  ncriteria_ = criteria.size();
   inverse_ = {laminate.a, laminate.b, laminate.c, laminate.d};
 
   // Ply terms, and the thermal running loads per unit temperature summed as the

@@ -7,8 +7,8 @@
 // A load case holds running loads Nx, Ny, Nxy (force per width), running moments
 // Mx, My, Mxy (moment per width) and a temperature change dT. The temperature
 // change adds the thermal running loads
-//   N_T = dT sum_k T_k^-1 Q_k a_k t_k,  M_T = dT sum_k T_k^-1 Q_k a_k (z_k^2 -
-//   z_k-1^2)/2,
+//   N_T = dT sum_k T_k^-1 Q_k a_k t_k,
+//   M_T = dT sum_k T_k^-1 Q_k a_k (z_k^2 - z_(k-1)^2)/2,
 // a_k = (CTE1, CTE2, 0) of the ply's material, so that
 //   (e0, k) = [[a, b], [c, d]] (N + N_T, M + M_T)
 // with [a], [b], [c], [d] the blocks of the laminate's inverse stiffness. At a
@@ -21,9 +21,11 @@
 // Precision and sharing of work: the ply stresses are formed, for every path
 // (one case, many cases, the report), in the one order below, so the same load
 // case gives the same bits everywhere. Per ply, P = Q T_e (T_e the strain
-// transformation) is prepared once; a case costs the 6x6 product for (e0, k),
-// then per ply P e0 and P k, and per surface (P e0) + z (P k), plus dT times the
-// surface's prepared thermal stress per unit temperature.
+// transformation) is prepared once, and per surface the thermal stress of a unit
+// temperature change, P (e0 + z k) - Q a_k of the unit thermal loads. A case
+// costs the 6x6 product for (e0, k) of its mechanical loads, per ply P e0 and
+// P k (shared by plies of equal P), per surface (P e0) + z (P k), plus dT times
+// the unit thermal stress (exactly 0 when dT = 0).
 #pragma once
 
 #include <array>
@@ -98,7 +100,7 @@ class StrengthPlan {
 
   const StrengthStatus& status() const { return status_; }
   std::size_t plies() const { return plies_.size(); }
-  std::size_t criteria() const { return criteria_.size(); }
+  std::size_t criteria() const { return ncriteria_; }
 
   // Many load cases, `loads` kLoadCaseValues floats per case. Checks every size
   // and every load first, then writes every wanted array; allocates nothing.
@@ -130,6 +132,7 @@ class StrengthPlan {
   std::array<Matrix3, 4> inverse_{};         // [a], [b], [c], [d]
   std::array<float, 6> thermal_midplane_{};  // per unit dT
   std::vector<Ply> plies_;
+  std::size_t ncriteria_ = 0;
   std::vector<PlyCriterion> criteria_;  // [criterion][material]
 };
 
@@ -139,6 +142,11 @@ struct LAMINATESTRESSED : LAMINATESTIFFNESS {
   StrengthPlan strength_plan(std::span<const std::int32_t> criteria,
                              const StrengthOptions& options = {}) const {
     return StrengthPlan(*this, criteria, options);
+  }
+
+  // Strains and stresses of one load case (strength_plan({}).state).
+  StrengthStatus state(const LoadCase& load, LaminateState& out) const {
+    return strength_plan({}).state(load, out);
   }
 
   // The report of one load case: the loads, per ply surface its angle, material,

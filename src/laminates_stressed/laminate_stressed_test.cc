@@ -41,6 +41,16 @@ TEST(LaminateStressed, TextbookLaminaStrengthRatios) {
   EXPECT_NEAR(rf[0], 16.33f, 0.005f);
   EXPECT_NEAR(rf[1], 16.06f, 0.005f);
   EXPECT_NEAR(rf[2], 22.39f, 0.005f);
+  // The report cuts 22.3887 toward zero.
+  std::string text;
+  ASSERT_TRUE(lam.strength_report({2 * t, -3 * t, 4 * t}, criteria, {}, text).ok());
+  EXPECT_NE(
+      text.find("\n Ply Surface  Angle Material         sigma1     sigma2      tau12"
+                " MAX_STRAIN_I TSAI_HILL TSAI_WU\n   1 bottom    60.0 T300/5208  "
+                "   1.714E+00 -2.714E+00 -4.165E+00        16.32     16.06   22.38\n"),
+      std::string::npos)
+      << text;
+  EXPECT_NE(text.find("\nTSAI_WU      22.38    1 bottom  -\n"), std::string::npos);
 }
 
 // Thermal residual stresses of a (0/90) T300/5208 laminate cooled by 100 K under
@@ -95,10 +105,19 @@ TEST(LaminateStressed, FreeThermalExpansion) {
   }
 }
 
+LAMINA glass() {
+  LAMINA m = new_lamina(0.2f, 38600, 8270, 4140, 0.26f, 1062, 610, "glass");
+  m.set_strengths(1062, 610, 72, 31, 118);
+  m.CTE1 = 8.6e-6f;
+  m.CTE2 = 22.1e-6f;
+  return m;
+}
+
 // Many load cases in one call give the bits of one case at a time and of the
 // detailed state; the first-ply failure is the least RF of the ply table.
 TEST(LaminateStressed, ManyLoadCasesAtOnce) {
-  const LAMINATESTRESSED lam(t300_5208(), Angles{0, 45, -45, 90, 0, 45});
+  const LAMINATESTRESSED lam(t300_5208(), glass(), Angles{0, 45, -45, 90, 0, 45},
+                             std::vector<std::int32_t>{1, 2, 2, 1, 1, 2});
   const std::int32_t criteria[] = {5, 9, 31};
   const StrengthPlan plan = lam.strength_plan(criteria);
   const Loads loads = {-500, 100, 30, 0, 0, 0, 0, 200, -50, 80, 1, -2, 0.5f, -120,
@@ -148,6 +167,12 @@ TEST(LaminateStressed, RefusalsWriteNothing) {
   const LAMINATESTRESSED failed(new_lamina(0.125f, 0, 0, 0, 0, 1, 1), Angles{0});
   EXPECT_EQ(refusal(failed.strength_plan(five), Loads(14)),
             "Error! Laminate in error: no ply stresses.");
+  LAMINA weak = glass();
+  weak.F2c = 0.0f;
+  const LAMINATESTRESSED mixed(t300_5208(), weak, Angles{0, 90},
+                               std::vector<std::int32_t>{1, 2});
+  EXPECT_EQ(refusal(mixed.strength_plan(five), Loads(14)),
+            "Error! F2c missing (material 2, criterion TSAI_WU).");
   const std::vector<std::int32_t> many(kMaxCriteria + 1, 5);
   EXPECT_EQ(refusal(lam.strength_plan(many), Loads(14)),
             "Error! Option criteria out of range.");
