@@ -76,14 +76,9 @@ StrengthPlan::StrengthPlan(const LAMINATE& laminate,
     return;
   }
   const std::size_t nmaterials = laminate.materials.size();
-  std::vector<bool> used(nmaterials, false);
-  for (std::int32_t index : laminate.material_index) {
-    used[static_cast<std::size_t>(index) - 1] = true;
-  }
   criteria_.resize(criteria.size() * nmaterials);
   for (std::size_t k = 0; k < criteria.size(); ++k) {
     for (std::size_t m = 0; m < nmaterials; ++m) {
-      if (!used[m]) continue;
       status_ = PlyCriterion::prepare(criteria[k], laminate.materials[m],
                                       static_cast<std::int32_t>(m + 1), options,
                                       criteria_[k * nmaterials + m]);

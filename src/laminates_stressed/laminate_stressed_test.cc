@@ -116,13 +116,19 @@ LAMINA glass() {
 // Many load cases in one call give the bits of one case at a time and of the
 // detailed state; the first-ply failure is the least RF of the ply table.
 TEST(LaminateStressed, ManyLoadCasesAtOnce) {
-  const LAMINATESTRESSED lam(t300_5208(), glass(), Angles{0, 45, -45, 90, 0, 45},
-                             std::vector<std::int32_t>{1, 2, 2, 1, 1, 2});
+  // 18 plies: more than one block of plies in evaluate().
+  Angles angles;
+  std::vector<std::int32_t> materials;
+  for (int i = 0; i < 3; ++i) {
+    angles.insert(angles.end(), {0, 45, -45, 90, 0, 45});
+    materials.insert(materials.end(), {1, 2, 2, 1, 1, 2});
+  }
+  const LAMINATESTRESSED lam(t300_5208(), glass(), angles, materials);
   const std::int32_t criteria[] = {5, 9, 31};
   const StrengthPlan plan = lam.strength_plan(criteria);
   const Loads loads = {-500, 100, 30, 0, 0, 0, 0, 200, -50, 80, 1, -2, 0.5f, -120,
                        0,    0,   0,  0, 0, 0, 0, -80, 0,   0,  0, 5,  0,    60};
-  const std::size_t n = 4, slots = n * 3, surfaces = 6 * 3;
+  const std::size_t n = 4, slots = n * 3, surfaces = 18 * 3;
   std::vector<float> rf(slots), ply_rf(slots * surfaces), stress(n * surfaces * 3);
   std::vector<std::int32_t> ply(slots), surface(slots), mode(slots);
   ASSERT_TRUE(plan.evaluate(loads, {rf, ply, surface, mode, ply_rf, stress, {}}).ok());

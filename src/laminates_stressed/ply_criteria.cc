@@ -43,7 +43,7 @@ std::array<float, 2> roots(float a, float b, float c) {
 
 float least_positive(const std::array<float, 2>& t) {
   const float t0 = blend(t[0] > 0.0f, t[0], kNoFailureRF);
-  return blend((t[1] > 0.0f) & (t[1] < t0), t[1], t0);
+  return blend(static_cast<int>(t[1] > 0.0f) & static_cast<int>(t[1] < t0), t[1], t0);
 }
 
 // a and b of a RF^2 + b RF = 1, the quadratic and linear parts at s.
@@ -434,7 +434,9 @@ void PlyCriterion::reserve_factors(const float* s1, const float* s2, const float
         break;
     }
     for (std::size_t i = 0; i < m; ++i) {
-      out[i] = blend(negligible(at(i)) | !(out[i] < kNoFailureRF), kNoFailureRF, out[i]);
+      const int capped = static_cast<int>(negligible(at(i))) |
+                         static_cast<int>(!(out[i] < kNoFailureRF));
+      out[i] = blend(capped, kNoFailureRF, out[i]);
     }
   }
 }

@@ -109,6 +109,13 @@ TEST(PlyCriteria, UniaxialStrengthsGiveOne) {
 
 TEST(PlyCriteria, PuckModesAndParameters) {
   const PlyCriterion puck = prepared(9, carbon());
+  // Modes B and C meet on the envelope at (-RA, t21c), RA = R||/(2 p-)
+  // (sqrt(1 + 2 p- Rc/R||) - 1), t21c = R|| sqrt(1 + 2 p- RA/R||).
+  const float ra = 68 / (2 * 0.3f) * (std::sqrt(1 + 2 * 0.3f * 246 / 68) - 1);
+  const float t21c = 68 * std::sqrt(1 + 2 * 0.3f * ra / 68);
+  for (const float side : {0.999f, 1.001f}) {  // just into B, just into C
+    EXPECT_NEAR(puck.reserve_factor({0, -ra * side, t21c}, {}).rf, 1, 2e-3f);
+  }
   EXPECT_EQ(puck.reserve_factor({0, -50, 60}, {}).mode, FailureMode::puck_b);
   EXPECT_EQ(puck.reserve_factor({0, -200, 10}, {}).mode, FailureMode::puck_c);
   // Pure shear is independent of the inclinations; a smaller p- (glass) makes
