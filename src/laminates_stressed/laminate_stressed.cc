@@ -66,7 +66,13 @@ StrengthPlan::StrengthPlan(const LAMINATE& laminate,
                            std::span<const std::int32_t> criteria,
                            const StrengthOptions& options)
     : laminate_(&laminate) {
-  if (laminate.error) {
+  // A laminate whose inverse could not be formed (a singular [D*]) is no more
+  // usable than one that failed outright.
+  bool finite = true;
+  for (const Matrix3* block : {&laminate.a, &laminate.b, &laminate.c, &laminate.d}) {
+    for (float x : block->v) finite = finite && std::isfinite(x);
+  }
+  if (laminate.error || !finite) {
     status_.error = StrengthError::laminate_in_error;
     return;
   }

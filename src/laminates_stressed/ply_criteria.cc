@@ -70,6 +70,11 @@ bool negligible(const PlyStress& s) {
   return std::fabs(s[0]) + std::fabs(s[1]) + std::fabs(s[2]) < 1.0e-5f;
 }
 
+// Stresses beyond the float range (from loads near it): no RF but 0 makes sense.
+bool overflow(const PlyStress& s) {
+  return !(std::fabs(s[0]) + std::fabs(s[1]) + std::fabs(s[2]) <= 3.4e38f);
+}
+
 // The larger of v/limit_t for v >= 0 and -v/limit_c for v < 0 over the rows
 // (unused rows are zero and give 0).
 [[gnu::always_inline]] inline float rows_exposure(const std::array<Row, 3>& rows,
@@ -436,7 +441,7 @@ void PlyCriterion::reserve_factors(const float* s1, const float* s2, const float
     for (std::size_t i = 0; i < m; ++i) {
       const int capped = static_cast<int>(negligible(at(i))) |
                          static_cast<int>(!(out[i] < kNoFailureRF));
-      out[i] = blend(capped, kNoFailureRF, out[i]);
+      out[i] = blend(overflow(at(i)), 0.0f, blend(capped, kNoFailureRF, out[i]));
     }
   }
 }
@@ -489,6 +494,7 @@ ReserveFactor PlyCriterion::reserve_factor(const PlyStress& s, const PlyStress& 
   }
   const Exposure e = value(r);
   if (!(e.value < 1.0f)) return {0.0f, e.mode};
+  if (overflow(s)) return {0.0f, FailureMode::none};
   if (negligible(s)) return {};
   const ReserveFactor f = first_crossing(s, r);
   return f.rf < kNoFailureRF ? f : ReserveFactor{};

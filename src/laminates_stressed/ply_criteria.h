@@ -5,13 +5,15 @@
 // Along a load path the ply stresses are r + RF s: s from the mechanical loads,
 // r from a temperature change, held as they are. The reserve factor RF is the
 // least factor > 0 at which the criterion reaches 1 (with r = 0 the usual
-// strength ratio); 0 when r alone reaches it; kNoFailureRF when the mechanical
-// stresses are practically zero (|s1| + |s2| + |s12| < 1.0e-5) or the criterion
-// never reaches 1 along the path, and no RF exceeds it.
+// strength ratio); 0 when r alone reaches it or s is beyond the float range;
+// kNoFailureRF when the mechanical stresses are practically zero (|s1| + |s2| +
+// |s12| < 1.0e-5) or the criterion never reaches 1 along the path, and no RF
+// exceeds it.
 //
 // How RF is found. Criteria homogeneous in the stresses, with r = 0: in closed
-// form (Tsai-Hill through LAMINA::tsai_hill_rf, Yamada-Sun 1/sqrt(F), maximum
-// strain, truncated maximum strain and Puck 1/f). Otherwise every criterion is,
+// form (Tsai-Hill 1/sqrt(F) with the very operations of LAMINA::tsai_hill_rf,
+// Yamada-Sun 1/sqrt(F), maximum strain, truncated maximum strain and Puck 1/f;
+// Tsai-Wu and Hoffman the positive root). Otherwise every criterion is,
 // piece by piece, a polynomial g of degree <= 2 in the stresses with g < 0 inside,
 // g = 0 on the envelope, and each piece holds in a region bounded by planes
 // through the zero stress (the signs of s1 and s2, Puck's mode B/C boundary).

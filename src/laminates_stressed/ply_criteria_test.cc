@@ -139,6 +139,7 @@ TEST(PlyCriteria, ThermalStressesAloneOrNoLoad) {
   EXPECT_EQ(c.reserve_factor({10, 0, 0}, {0, 50, 0}).rf, 0.0f);  // beyond F2t already
   EXPECT_EQ(c.reserve_factor({0, 0, 0}, {0, 20, 0}).rf, kNoFailureRF);
   EXPECT_EQ(prepared(7, carbon()).reserve_factor({0, 30, 0}, {}).rf, kNoFailureRF);
+  EXPECT_EQ(c.reserve_factor({3e38f, 3e38f, 0}, {}).rf, 0.0f);  // beyond the float range
 }
 
 TEST(PlyCriteria, Refusals) {
