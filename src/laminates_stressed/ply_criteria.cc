@@ -388,16 +388,21 @@ void PlyCriterion::reserve_factors(const float* s1, const float* s2, const float
                                    std::size_t n, float* rf) const {
   // In passes over a chunk: the arithmetic (which a compiler may run on several
   // stresses at once), the square roots (which it may not, as they may set
-  // errno), the arithmetic again. One loop per kind, nothing else inside.
+  // errno), the arithmetic again. One loop per kind, nothing else inside, over
+  // a multiple of 4 stresses (zeros past the end) so that even a cautious
+  // compiler does so.
   constexpr std::size_t kChunk = 64;
-  std::array<float, kChunk> root{}, u{}, v{};
+  std::array<float, kChunk> x1{}, x2{}, x3{}, out{}, root{}, u{}, v{};
   std::array<FailureMode, kChunk> mode{};
   for (std::size_t i0 = 0; i0 < n; i0 += kChunk) {
-    const std::size_t m = std::min(kChunk, n - i0);
-    const auto at = [&](std::size_t i) {
-      return PlyStress{s1[i0 + i], s2[i0 + i], s12[i0 + i]};
-    };
-    float* out = rf + i0;
+    const std::size_t used = std::min(kChunk, n - i0);
+    const std::size_t m = (used + 3) & ~std::size_t{3};
+    for (std::size_t i = 0; i < m; ++i) {
+      x1[i] = i < used ? s1[i0 + i] : 0.0f;
+      x2[i] = i < used ? s2[i0 + i] : 0.0f;
+      x3[i] = i < used ? s12[i0 + i] : 0.0f;
+    }
+    const auto at = [&](std::size_t i) { return PlyStress{x1[i], x2[i], x3[i]}; };
     const auto roots_of = [&] {
       for (std::size_t i = 0; i < m; ++i) root[i] = std::sqrt(root[i]);
     };
@@ -443,6 +448,7 @@ void PlyCriterion::reserve_factors(const float* s1, const float* s2, const float
                          static_cast<int>(!(out[i] < kNoFailureRF));
       out[i] = blend(overflow(at(i)), 0.0f, blend(capped, kNoFailureRF, out[i]));
     }
+    std::copy_n(out.begin(), used, rf + i0);
   }
 }
 
