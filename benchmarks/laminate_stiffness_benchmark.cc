@@ -15,7 +15,7 @@
 #include "corvane/corvane.h"
 #include "laminas/lamina.h"
 #include "laminates/stacking_sequence.h"
-#include "laminates_stiffness/laminate_stressed.h"
+#include "laminates_stressed/laminate_stressed.h"
 
 namespace {
 

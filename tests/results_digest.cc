@@ -15,7 +15,7 @@
 #include "cards/bulk_data_cards.h"
 #include "corvane/corvane.h"
 #include "laminas/lamina.h"
-#include "laminates_stiffness/laminate_stressed.h"
+#include "laminates_stressed/laminate_stressed.h"
 #include "util/matrix3.h"
 
 namespace corvane::testing {

@@ -16,7 +16,7 @@
 #include "interface/loaded_library.h"
 #include "laminas/lamina.h"
 #include "laminates/stacking_sequence.h"
-#include "laminates_stiffness/laminate_stressed.h"
+#include "laminates_stressed/laminate_stressed.h"
 #include "util/fixed_width.h"
 
 namespace corvane {

@@ -32,4 +32,14 @@ std::int32_t criterion_code(std::string_view name) {
   return kNoCriterion;
 }
 
+std::string_view criterion_keyword(std::int32_t code) {
+  std::string_view shortest;
+  for (const Criterion& c : kCriteria) {
+    if (c.code == code && (shortest.empty() || c.keyword.size() < shortest.size())) {
+      shortest = c.keyword;
+    }
+  }
+  return shortest;
+}
+
 }  // namespace corvane

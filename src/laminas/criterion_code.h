@@ -13,4 +13,7 @@ inline constexpr std::int32_t kNoCriterion = 0;
 // ignored); 0 for an unknown or empty name.
 std::int32_t criterion_code(std::string_view name);
 
+// The shortest keyword of a code ("MTS" for 31); empty for a code no keyword has.
+std::string_view criterion_keyword(std::int32_t code);
+
 }  // namespace corvane

@@ -37,5 +37,11 @@ INSTANTIATE_TEST_SUITE_P(NoCriterion, CriterionCode,
                                          Case{"MAX_STRAIN_III", 0}, Case{"TSAI", 0},
                                          Case{"\tPUCK", 0}, Case{"PUCK\t", 0}));
 
+TEST(CriterionKeyword, ShortestKeywordOfACode) {
+  EXPECT_EQ(criterion_keyword(31), "MTS");
+  EXPECT_EQ(criterion_keyword(12), "MAX_STRAIN_II");
+  EXPECT_EQ(criterion_keyword(10), "");
+}
+
 }  // namespace
 }  // namespace corvane

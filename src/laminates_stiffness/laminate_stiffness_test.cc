@@ -5,7 +5,6 @@
 #include <complex>
 #include <vector>
 
-#include "laminates_stiffness/laminate_stressed.h"
 
 namespace corvane {
 namespace {
@@ -73,17 +72,6 @@ TEST(LaminateStiffness, ParametersSolveTheCharacteristicEquation) {
   }
   EXPECT_EQ(cases[0].z1.imag(), 0.0f);  // c^2 > k: real parameters
   EXPECT_NE(cases[1].z1.imag(), 0.0f);  // c^2 < k: complex ones
-}
-
-TEST(LaminateStressed, BuildsItsStiffnessPart) {
-  const LAMINATESTRESSED lam(tape(), Angles{0, 90, 90, 0}, "cp");
-  const LAMINATESTIFFNESS ref(tape(), Angles{0, 90, 90, 0}, "cp");
-  EXPECT_FALSE(lam.error);
-  EXPECT_EQ(lam.name, "cp");
-  EXPECT_EQ(lam.z1, ref.z1);
-  EXPECT_EQ(lam.z2, ref.z2);
-  EXPECT_EQ(lam.Dstar, ref.Dstar);
-  EXPECT_TRUE(LAMINATESTRESSED(tape(0.0f), Angles{0, 90, 90, 0}).error);
 }
 
 }  // namespace
