@@ -5,21 +5,14 @@
 
 #include "cards/number_fields.h"
 #include "laminas/criterion_code.h"
-#include "laminas/matrix_product.h"
 #include "util/fixed_width.h"
+#include "util/matrix3.h"
+#include "util/numerics.h"
 
 namespace corvane {
 namespace {
 
 using Vector3 = std::array<float, 3>;
-
-Vector3 product(const Matrix3& m, const Vector3& x) {
-  Vector3 y{};
-  for (int i = 1; i <= 3; ++i) {
-    y[i - 1] = (m(i, 1) * x[0] + m(i, 2) * x[1]) + m(i, 3) * x[2];
-  }
-  return y;
-}
 
 Matrix3 by_rows(const std::array<Vector3, 3>& rows) {
   Matrix3 a;
@@ -32,8 +25,10 @@ Matrix3 by_rows(const std::array<Vector3, 3>& rows) {
 // (e0, k) = [[a, b], [c, d]] (N, M).
 std::array<float, 6> apply_inverse(const std::array<Matrix3, 4>& blocks, const Vector3& n,
                                    const Vector3& m) {
-  const Vector3 an = product(blocks[0], n), bm = product(blocks[1], m);
-  const Vector3 cn = product(blocks[2], n), dm = product(blocks[3], m);
+  const Vector3 an = matrix_vector_product(blocks[0], n),
+                bm = matrix_vector_product(blocks[1], m);
+  const Vector3 cn = matrix_vector_product(blocks[2], n),
+                dm = matrix_vector_product(blocks[3], m);
   return {an[0] + bm[0], an[1] + bm[1], an[2] + bm[2],
           cn[0] + dm[0], cn[1] + dm[1], cn[2] + dm[2]};
 }
@@ -106,7 +101,7 @@ StrengthPlan::StrengthPlan(const LAMINATE& laminate,
     ply.material = laminate.material_index[k] - 1;
     const LAMINA& m = laminate.materials[static_cast<std::size_t>(ply.material)];
     const float zk = zp + m.CPT;
-    const float theta = laminate.angles[k] * 3.141593f / 180.0f;
+    const float theta = radians(laminate.angles[k]);
     const float c = std::cos(theta);
     const float s = std::sin(theta);
     const float cc = c * c, ss = s * s, cs = c * s;
@@ -122,10 +117,10 @@ StrengthPlan::StrengthPlan(const LAMINATE& laminate,
         break;
       }
     }
-    free_stress[k] = product(m.Q, {m.CTE1, m.CTE2, 0.0f});
+    free_stress[k] = matrix_vector_product(m.Q, {m.CTE1, m.CTE2, 0.0f});
     const Matrix3 t_inv =  // T(-theta): ply-axis stresses to laminate axes
         by_rows({{{cc, ss, -2.0f * cs}, {ss, cc, 2.0f * cs}, {cs, -cs, cc - ss}}});
-    const Vector3 f = product(t_inv, free_stress[k]);
+    const Vector3 f = matrix_vector_product(t_inv, free_stress[k]);
     const float dz2 = zk * zk - zp * zp;
     for (std::size_t i = 0; i < 3; ++i) {
       nt[i] = nt[i] + f[i] * m.CPT;
@@ -139,7 +134,8 @@ StrengthPlan::StrengthPlan(const LAMINATE& laminate,
                          thermal_midplane_[5]};
   for (std::size_t k = 0; k < plies_.size(); ++k) {
     Ply& ply = plies_[k];
-    const Vector3 u = product(ply.P, e0), v = product(ply.P, kappa);
+    const Vector3 u = matrix_vector_product(ply.P, e0),
+                  v = matrix_vector_product(ply.P, kappa);
     for (std::size_t s = 0; s < kSurfaces; ++s) {
       for (std::size_t i = 0; i < 3; ++i) {
         ply.thermal[s][i] = (u[i] + ply.z[s] * v[i]) - free_stress[k][i];
@@ -161,7 +157,8 @@ void StrengthPlan::for_each_surface(const float* load, Visit visit) const {
   const Vector3 e0 = {e[0], e[1], e[2]}, kappa = {e[3], e[4], e[5]};
   for (std::size_t k = 0; k < plies_.size(); ++k) {
     const Ply& ply = plies_[k];
-    const Vector3 u = product(ply.P, e0), v = product(ply.P, kappa);
+    const Vector3 u = matrix_vector_product(ply.P, e0),
+                  v = matrix_vector_product(ply.P, kappa);
     for (std::size_t s = 0; s < kSurfaces; ++s) {
       PlyStress mechanical{}, thermal{};
       for (std::size_t i = 0; i < 3; ++i) {
@@ -227,8 +224,8 @@ StrengthStatus StrengthPlan::evaluate(std::span<const float> loads,
         Vector3& u = us[k - k0];
         Vector3& v = vs[k - k0];
         if (ply.same_as == k) {
-          u = product(ply.P, e0);
-          v = product(ply.P, kappa);
+          u = matrix_vector_product(ply.P, e0);
+          v = matrix_vector_product(ply.P, kappa);
         } else {
           u = us[ply.same_as - k0];
           v = vs[ply.same_as - k0];
@@ -289,7 +286,8 @@ StrengthStatus StrengthPlan::evaluate(std::span<const float> loads,
       if (!out.mode.empty()) {
         // The mode of the least RF only: the same stresses once more.
         const Ply& ply = plies_[k];
-        const Vector3 u = product(ply.P, e0), v = product(ply.P, kappa);
+        const Vector3 u = matrix_vector_product(ply.P, e0),
+                      v = matrix_vector_product(ply.P, kappa);
         PlyStress mechanical{}, thermal{};
         for (std::size_t i = 0; i < 3; ++i) {
           mechanical[i] = u[i] + ply.z[f] * v[i];
@@ -339,7 +337,7 @@ StrengthStatus StrengthPlan::state(const LoadCase& load, LaminateState& out) con
       p.stress[i] = mechanical[i] + thermal[i];
     }
     p.thermal_stress = thermal;
-    const Vector3 total = product(ply.Te, p.strain);
+    const Vector3 total = matrix_vector_product(ply.Te, p.strain);
     p.mechanical_strain = {total[0] - load.dT * ply.cte1, total[1] - load.dT * ply.cte2,
                            total[2]};
     result.surfaces.push_back(p);
