@@ -5,13 +5,11 @@
 
 #include "cards/number_fields.h"
 #include "laminas/criterion_code.h"
-#include "laminas/matrix_product.h"
 #include "util/fixed_width.h"
+#include "util/matrix3.h"
 
 namespace corvane {
 namespace {
-
-using Vector3 = std::array<float, 3>;
 
 Vector3 product(const Matrix3& m, const Vector3& x) {
   Vector3 y{};
