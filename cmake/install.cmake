@@ -1,13 +1,15 @@
-# What `cmake --install` puts under the prefix: the shared library (versioned,
-# with its soname), the public headers, a CMake package and a pkg-config file.
-# The static module libraries are inside the shared one and are not installed.
+# What `cmake --install` puts under the prefix: the shared libraries corvane and
+# corvane_strength (versioned, with their sonames), the public headers, a CMake
+# package and a pkg-config file for each library. The static module libraries
+# are inside the shared ones and are not installed.
 include(CMakePackageConfigHelpers)
 
-install(TARGETS corvane EXPORT CorvaneTargets
+install(TARGETS corvane corvane_strength EXPORT CorvaneTargets
         RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
         LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
         ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
 install(FILES ${PROJECT_SOURCE_DIR}/include/corvane/corvane.h
+              ${PROJECT_SOURCE_DIR}/include/corvane/corvane_strength.h
               ${PROJECT_BINARY_DIR}/include/corvane/version.h
         DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/corvane)
 
@@ -35,7 +37,7 @@ else()
   set(pc_libdir "\${prefix}/${CMAKE_INSTALL_LIBDIR}")
   set(pc_includedir "\${prefix}/${CMAKE_INSTALL_INCLUDEDIR}")
 endif()
-configure_file(${CMAKE_CURRENT_LIST_DIR}/corvane.pc.in ${PROJECT_BINARY_DIR}/corvane.pc
-               @ONLY)
-install(FILES ${PROJECT_BINARY_DIR}/corvane.pc
-        DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+foreach(pc corvane corvane_strength)
+  configure_file(${CMAKE_CURRENT_LIST_DIR}/${pc}.pc.in ${PROJECT_BINARY_DIR}/${pc}.pc @ONLY)
+  install(FILES ${PROJECT_BINARY_DIR}/${pc}.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+endforeach()

@@ -1,7 +1,8 @@
-# Installs the package offline into a fresh virtual environment, with a copy of
-# the library inside it, and runs the tests against that installation with no
-# CORVANE_LIBRARY and no PYTHONPATH: the package must find the library next to
-# itself. Run with cmake -P, given PYTHON, PACKAGE_DIR, LIBRARY and WORK_DIR.
+# Installs the package offline into a fresh virtual environment, with copies of
+# the libraries inside it, and runs the tests against that installation with no
+# CORVANE_LIBRARY and no PYTHONPATH: the package must find them next to itself.
+# Run with cmake -P, given PYTHON, PACKAGE_DIR, LIBRARY, STRENGTH_LIBRARY and
+# WORK_DIR.
 
 function(run)
   execute_process(COMMAND ${ARGN} RESULT_VARIABLE status)
@@ -19,6 +20,7 @@ file(COPY "${PACKAGE_DIR}/pyproject.toml" "${PACKAGE_DIR}/setup.py" "${PACKAGE_D
      DESTINATION "${source}" PATTERN "__pycache__" EXCLUDE)
 file(COPY "${PACKAGE_DIR}/../CMakeLists.txt" DESTINATION "${WORK_DIR}/source")
 file(COPY_FILE "${LIBRARY}" "${source}/corvane/libcorvane.so.0")
+file(COPY_FILE "${STRENGTH_LIBRARY}" "${source}/corvane/libcorvane_strength.so.0")
 
 set(venv "${WORK_DIR}/venv")
 run("${PYTHON}" -m venv --system-site-packages "${venv}")
@@ -27,10 +29,11 @@ run("${python}" -m pip install --quiet --no-index --no-build-isolation --no-cach
     --disable-pip-version-check "${source}")
 
 unset(ENV{CORVANE_LIBRARY})
+unset(ENV{CORVANE_STRENGTH_LIBRARY})
 unset(ENV{PYTHONPATH})
 set(ENV{PYTHONPYCACHEPREFIX} "${WORK_DIR}/pycache")
 execute_process(COMMAND "${python}" -c
-                        "import corvane; print(corvane.__file__); print(corvane.library_path())"
+                        "import corvane; print(corvane.__file__); print(corvane.library_path()); print(corvane.strength_library_path())"
                 WORKING_DIRECTORY "${WORK_DIR}" OUTPUT_VARIABLE where
                 RESULT_VARIABLE status)
 file(REAL_PATH "${venv}" venv_path)

@@ -1,6 +1,6 @@
-// The six entry points called from eight threads at once, on a mix of inputs
-// (good, refused and degenerate), must give results bit for bit equal to the
-// same calls made one after another: nothing is shared between calls.
+// The entry points of both libraries called from eight threads at once, on a mix
+// of inputs (good, refused and degenerate), must give results bit for bit equal to
+// the same calls made one after another: nothing is shared between calls.
 #include <gtest/gtest.h>
 
 #include <array>
@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "corvane/corvane.h"
+#include "corvane/corvane_strength.h"
 
 namespace {
 
@@ -106,6 +107,23 @@ Bytes shell_loads(std::array<float, 9> a, std::array<float, 9> d, float l, float
   return out;
 }
 
+Bytes strength(const std::string& criterion, float nx) {
+  const float m[14] = {0.125f, 181000, 10300, 7170, 0.28f, 0,
+                       2e-5f,  1500,   1500,  40,   246,   68};
+  auto layup = layup_buffer("(0/45/-45/90)2S"), name = layup_buffer(criterion);
+  const int32_t n = 2;
+  const float loads[14] = {nx, 10, 20, 1, 2, 3, 0, 30, nx, 0, 0, 0, 5, -100};
+  float rf[2] = {};
+  int32_t where[3][2] = {}, ierr = 7;
+  char message[CORVANE_STRENGTH_MESSAGE_LENGTH];
+  LAMINATE_STRENGTH(&m[0], &m[1], &m[2], &m[3], &m[4], &m[5], &m[6], &m[7], &m[8], &m[9],
+                    &m[10], &m[11], &m[12], &m[13], layup.data(), 0, name.data(), 0, &n,
+                    loads, rf, where[0], where[1], where[2], message, 0, &ierr);
+  Bytes out;
+  append(out, rf, where, ierr, message);
+  return out;
+}
+
 std::vector<std::function<Bytes()>> mixed_calls() {
   const Ply carbon{0.125f, 135000.0f, 10000.0f, 5000.0f, 0.3f, -0.3e-6f, 28e-6f};
   const Ply glass{0.2f, 70000.0f, 70000.0f, 5000.0f, 0.05f, 2e-6f, 2e-6f};
@@ -140,6 +158,9 @@ std::vector<std::function<Bytes()>> mixed_calls() {
       [=] { return shell_loads(a, d, 600, 200, 1000, 2); },
       [=] { return shell_loads(a, d, 600, 200, 0, 2); },
       [=] { return shell_loads(a, d_ortho, 400, 250, 150, 2); },
+      [=] { return strength("PUCK", -500); },
+      [=] { return strength("TSAI_WU", 300); },
+      [=] { return strength("TSAI_WU", nan); },
   };
 }
 

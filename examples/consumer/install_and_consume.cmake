@@ -17,6 +17,9 @@ if(STEP STREQUAL "install")
     message(FATAL_ERROR "cmake --install failed (is everything built?)")
   endif()
   foreach(file IN ITEMS include/corvane/corvane.h include/corvane/version.h
+                        include/corvane/corvane_strength.h
+                        ${LIBDIR}/libcorvane_strength.so.${SOVERSION}
+                        ${LIBDIR}/pkgconfig/corvane_strength.pc
                         ${LIBDIR}/libcorvane.so.${VERSION}
                         ${LIBDIR}/libcorvane.so.${SOVERSION}
                         ${LIBDIR}/libcorvane.so

@@ -1,6 +1,7 @@
 """Corvane from Python: laminate stiffness by classical laminate theory,
-membrane strains, and buckling loads and reserve factors of flat plates and
-curved panels, computed by the Corvane shared library in single precision.
+membrane strains, buckling loads and reserve factors of flat plates and
+curved panels, and first-ply failure under many load cases, computed by the
+Corvane shared libraries in single precision.
 
     import corvane
     ply = corvane.Ply(t=0.125, E1=135000.0, E2=10000.0, G12=5000.0, nu12=0.3)
@@ -8,12 +9,24 @@ curved panels, computed by the Corvane shared library in single precision.
     loads = corvane.plate_buckling_loads(laminate.D, a=600.0, b=200.0)
     rf = corvane.plate_buckling_rf(-150.0, 0.0, 20.0, *loads)
 
+    tape = corvane.Ply(0.125, 181000.0, 10300.0, 7170.0, 0.28, F1t=1500.0,
+                       F1c=1500.0, F2t=40.0, F2c=246.0, F12=68.0)
+    failure = corvane.laminate_stiffness(tape, "(0/45/-45/90)2S").strength(
+        [[-500, 0, 0, 0, 0, 0, 0], [0, 0, 0, 0, 0, 0, -120]], criterion="PUCK")
+
 The library is found through the environment variable CORVANE_LIBRARY (a
-path), next to this package, or on the system's library path.
+path), next to this package, or on the system's library path; the strength
+library (corvane_strength) through CORVANE_STRENGTH_LIBRARY, else beside the
+first when CORVANE_LIBRARY names it, else likewise.
 """
 
 from . import _version
-from ._library import CARDS_LENGTH, LAYUP_LENGTH, library_path
+from ._library import (
+    CARDS_LENGTH,
+    LAYUP_LENGTH,
+    library_path,
+    strength_library_path,
+)
 from .buckling import (
     PlateBucklingLoads,
     ShellBucklingLoads,
@@ -30,13 +43,16 @@ from .laminate import (
     laminate_stiffness,
     strains_in_plane,
 )
+from .strength import FAILURE_MODES, LOAD_NAMES, StrengthResult, laminate_strength
 
 __version__ = _version.version()
 
 __all__ = [
     "CARDS_LENGTH",
     "LAYUP_LENGTH",
+    "LOAD_NAMES",
     "CorvaneError",
+    "FAILURE_MODES",
     "Error",
     "InPlaneStrains",
     "LaminateStiffness",
@@ -44,11 +60,14 @@ __all__ = [
     "PlateBucklingLoads",
     "Ply",
     "ShellBucklingLoads",
+    "StrengthResult",
     "bi_material_laminate_stiffness",
     "laminate_stiffness",
+    "laminate_strength",
     "library_path",
     "plate_buckling_loads",
     "plate_buckling_rf",
     "shell_buckling_loads",
     "strains_in_plane",
+    "strength_library_path",
 ]

@@ -1,7 +1,7 @@
-"""Finding and loading the Corvane shared library, and the C prototypes of
-its entry points.
+"""Finding and loading the Corvane shared libraries, and the C prototypes of
+their entry points.
 
-The library is looked for in this order:
+The library of corvane.h is looked for in this order:
 
 1. the path in the environment variable CORVANE_LIBRARY, if it is set (and
    nowhere else then, so that a wrong path is reported, not silently replaced);
@@ -9,6 +9,11 @@ The library is looked for in this order:
    libcorvane.dylib in the package's own folder;
 3. the system's library search path: ctypes.util.find_library("corvane"), then
    the library's file name as the dynamic loader resolves it.
+
+The strength library of corvane_strength.h (libcorvane_strength.so.0,
+corvane_strength.dll, ...) is looked for in the same order, with the
+environment variable CORVANE_STRENGTH_LIBRARY; when only CORVANE_LIBRARY is
+set, in that library's folder alone, so that both come from one build.
 """
 
 import ctypes
@@ -16,6 +21,7 @@ import ctypes.util
 import functools
 import os
 import pathlib
+import typing
 from ctypes import POINTER, c_char_p, c_float, c_int32, c_int64
 
 from .errors import LibraryError
@@ -27,8 +33,54 @@ ENVIRONMENT_VARIABLE = "CORVANE_LIBRARY"
 LAYUP_LENGTH = 1000
 CARDS_LENGTH = 10000
 
+STRENGTH_ENVIRONMENT_VARIABLE = "CORVANE_STRENGTH_LIBRARY"
+
+# Lengths of the strength entry point's texts.
+CRITERION_LENGTH = 32
+MESSAGE_LENGTH = 200
+
 _PACKAGE_DIR = pathlib.Path(__file__).resolve().parent
-_FILE_NAMES = ("libcorvane.so.0", "libcorvane.so", "corvane.dll", "libcorvane.dylib")
+
+
+class _Kind(typing.NamedTuple):
+    """One of the two libraries: its variable, base name and file names."""
+
+    variable: str
+    name: str  # as ctypes.util.find_library takes it
+    description: str
+
+    def file_names(self):
+        n = self.name
+        return (f"lib{n}.so.0", f"lib{n}.so", f"{n}.dll", f"lib{n}.dylib")
+
+    def loader_name(self):
+        return f"{self.name}.dll" if os.name == "nt" else f"lib{self.name}.so.0"
+
+
+_MAIN = _Kind(ENVIRONMENT_VARIABLE, "corvane", "the Corvane shared library")
+_STRENGTH = _Kind(
+    STRENGTH_ENVIRONMENT_VARIABLE, "corvane_strength", "the Corvane strength library"
+)
+
+
+def _candidates(kind, environ, package_dir, system_name):
+    environ = os.environ if environ is None else environ
+    package_dir = _PACKAGE_DIR if package_dir is None else pathlib.Path(package_dir)
+    explicit = environ.get(kind.variable)
+    if explicit:
+        return [explicit]
+    first = environ.get(ENVIRONMENT_VARIABLE)
+    if kind is _STRENGTH and first:
+        folder = pathlib.Path(first).parent
+        found = [str(folder / n) for n in kind.file_names() if (folder / n).is_file()]
+        return found or [str(folder / kind.loader_name())]
+    found = [str(package_dir / n) for n in kind.file_names() if (package_dir / n).is_file()]
+    if system_name is None:
+        system_name = ctypes.util.find_library(kind.name)
+    if system_name:
+        found.append(system_name)
+    found.append(kind.loader_name())
+    return found
 
 
 def candidates(environ=None, package_dir=None, system_name=None):
@@ -37,32 +89,27 @@ def candidates(environ=None, package_dir=None, system_name=None):
     The arguments stand in for os.environ, this package's folder and the
     name ctypes.util.find_library gives; they let the order be checked.
     """
-    environ = os.environ if environ is None else environ
-    package_dir = _PACKAGE_DIR if package_dir is None else pathlib.Path(package_dir)
-    explicit = environ.get(ENVIRONMENT_VARIABLE)
-    if explicit:
-        return [explicit]
-    found = [str(package_dir / n) for n in _FILE_NAMES if (package_dir / n).is_file()]
-    if system_name is None:
-        system_name = ctypes.util.find_library("corvane")
-    if system_name:
-        found.append(system_name)
-    found.append("corvane.dll" if os.name == "nt" else "libcorvane.so.0")
-    return found
+    return _candidates(_MAIN, environ, package_dir, system_name)
+
+
+def strength_candidates(environ=None, package_dir=None, system_name=None):
+    """The strength library's paths or names to try, in order; the arguments
+    as for candidates()."""
+    return _candidates(_STRENGTH, environ, package_dir, system_name)
 
 
 @functools.cache
-def _loaded():
+def _loaded(kind):
     """The loaded library and the path or name it was loaded under (loaded
     once, on first use)."""
     failures = []
-    for candidate in candidates():
+    for candidate in _candidates(kind, None, None, None):
         try:
             return ctypes.CDLL(candidate), candidate
         except OSError as error:
             failures.append(f"  {candidate}: {error}")
     raise LibraryError(
-        "the Corvane shared library was not found; set CORVANE_LIBRARY to its "
+        f"{kind.description} was not found; set {kind.variable} to its "
         "path, put it next to the corvane package, or install it on the "
         "system's library path. Tried:\n" + "\n".join(failures)
     )
@@ -70,12 +117,17 @@ def _loaded():
 
 def library():
     """The loaded library."""
-    return _loaded()[0]
+    return _loaded(_MAIN)[0]
 
 
 def library_path():
     """The path or name under which the library was loaded."""
-    return _loaded()[1]
+    return _loaded(_MAIN)[1]
+
+
+def strength_library_path():
+    """The path or name under which the strength library was loaded."""
+    return _loaded(_STRENGTH)[1]
 
 
 _F = POINTER(c_float)
@@ -91,7 +143,12 @@ _PROTOTYPES = {
     "LAMINATE_RECTANGULAR_SS_BUCKLING_LOADS": [_F] * 6 + [_I],
     "LAMINATE_RECTANGULAR_SS_BUCKLING_RF": [_F] * 7 + [_I],
     "LAMINATE_SHELL_BUCKLING_LOADS": [_F] * 9 + [_I],
+    "LAMINATE_STRENGTH": [_F] * 14
+    + [c_char_p, c_int64, c_char_p, c_int64, _I, _F, _F, _I, _I, _I]
+    + [c_char_p, c_int64, _I],
 }
+# The entry points of the strength library; the others are of the first.
+_STRENGTH_ENTRY_POINTS = {"LAMINATE_STRENGTH"}
 
 
 @functools.cache
@@ -100,9 +157,8 @@ def entry_point(name):
     argument types set. It is made once and shared by every caller and
     thread: call it, never change it."""
     prototype = ctypes.CFUNCTYPE(None, *_PROTOTYPES[name])
+    loaded, path = _loaded(_STRENGTH if name in _STRENGTH_ENTRY_POINTS else _MAIN)
     try:
-        return prototype((name, library()))
+        return prototype((name, loaded))
     except AttributeError as error:
-        raise LibraryError(
-            f"the library {library_path()} has no entry point {name}"
-        ) from error
+        raise LibraryError(f"the library {path} has no entry point {name}") from error

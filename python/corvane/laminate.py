@@ -10,6 +10,7 @@ import numpy as np
 
 from . import _convert, _library
 from .errors import CorvaneError
+from .strength import laminate_strength
 
 
 @dataclasses.dataclass(frozen=True)
@@ -17,7 +18,10 @@ class Ply:
     """A ply material: thickness t (at least 1e-5), moduli E1 (along the
     fibres), E2 (across), in-plane shear modulus G12 and major Poisson's ratio
     nu12 (none negative), and thermal expansion coefficients CTE1 and CTE2.
-    Any consistent units (for instance mm, MPa, 1/K)."""
+    For strength: the strengths F1t, F1c (along the fibres, tension and
+    compression), F2t, F2c (across), F12 (in-plane shear), positive, and the
+    allowable strains uetall, uecall; 0 stands for one not known. Any
+    consistent units (for instance mm, MPa, 1/K)."""
 
     t: float
     E1: float
@@ -26,6 +30,13 @@ class Ply:
     nu12: float
     CTE1: float = 0.0
     CTE2: float = 0.0
+    F1t: float = 0.0
+    F1c: float = 0.0
+    F2t: float = 0.0
+    F2c: float = 0.0
+    F12: float = 0.0
+    uetall: float = 0.0
+    uecall: float = 0.0
 
     def _arguments(self):
         return _convert.reals(
@@ -68,6 +79,8 @@ class LaminateStiffness:
     cards: bulk data cards (MAT8, PCOMP, MAT2) with CR LF line ends, without
         the blank padding of the library's 10000-character buffer (the library
         cuts a longer deck at 10000 characters).
+    materials, layup: the Ply (or the two) and the stacking sequence it was
+        made of.
     """
 
     A: np.ndarray
@@ -85,6 +98,8 @@ class LaminateStiffness:
     plies: int
     symmetric: bool
     cards: str
+    materials: tuple = dataclasses.field(default=(), repr=False)
+    layup: str = dataclasses.field(default="", repr=False)
 
     def strains(self, Nx=0.0, Ny=0.0, Nxy=0.0):
         """Membrane strains under running loads: strains_in_plane with this
@@ -93,8 +108,16 @@ class LaminateStiffness:
             self.h, self.Ex, self.Ey, self.Gxy, self.nuxy, Nx, Ny, Nxy
         )
 
+    def strength(self, loads, criterion="TSAI_WU"):
+        """First-ply failure under load cases: laminate_strength with this
+        laminate's ply and layup (of one ply material only)."""
+        if len(self.materials) != 1:
+            raise NotImplementedError("strength of laminates of one ply material only")
+        return laminate_strength(self.materials[0], self.layup, loads, criterion)
 
-def _call_stiffness(entry, materials, layup):
+
+def _call_stiffness(entry, ply_materials, layup):
+    materials = [a for p in ply_materials for a in p._arguments()]
     layup_buffer = _convert.text_argument(layup, _library.LAYUP_LENGTH, "the layup")
     symmetric, plies, ierr = c_int32(0), c_int32(0), c_int32(0)
     a, b, d, dstar = ((c_float * 9)() for _ in range(4))
@@ -138,6 +161,8 @@ def _call_stiffness(entry, materials, layup):
         plies=plies.value,
         symmetric=symmetric.value != 0,
         cards=_convert.text_result(cards),
+        materials=tuple(ply_materials),
+        layup=layup,
     )
 
 
@@ -152,7 +177,7 @@ def laminate_stiffness(ply, layup):
     1e-5, or E1, E2, G12 or nu12 negative) and code 2 when the layup is refused
     or the laminate is unusable. Returns a LaminateStiffness.
     """
-    return _call_stiffness("LAMINATE_STIFFNESS", ply._arguments(), layup)
+    return _call_stiffness("LAMINATE_STIFFNESS", [ply], layup)
 
 
 def bi_material_laminate_stiffness(ply1, ply2, layup):
@@ -166,11 +191,7 @@ def bi_material_laminate_stiffness(ply1, ply2, layup):
     when the layup is refused or the laminate is unusable. Returns a
     LaminateStiffness.
     """
-    return _call_stiffness(
-        "BI_MATERIAL_LAMINATE_STIFFNESS",
-        ply1._arguments() + ply2._arguments(),
-        layup,
-    )
+    return _call_stiffness("BI_MATERIAL_LAMINATE_STIFFNESS", [ply1, ply2], layup)
 
 
 def strains_in_plane(t, Ex, Ey, Gxy, nuxy, Nx, Ny, Nxy):

@@ -12,8 +12,6 @@
 namespace corvane {
 namespace {
 
-using Vector3 = std::array<float, 3>;
-
 Matrix3 by_rows(const std::array<Vector3, 3>& rows) {
   Matrix3 a;
   for (int i = 1; i <= 3; ++i) {
@@ -257,12 +255,16 @@ StrengthStatus StrengthPlan::evaluate(std::span<const float> loads,
                         .rf;
           }
         }
+        // The first least, without a branch: a new least is rare but unforeseeable.
+        float low = least[j];
+        std::size_t at = where[j];
         for (std::size_t i = 0; i < m; ++i) {
-          if (rf[i] < least[j]) {
-            least[j] = rf[i];
-            where[j] = k0 * kSurfaces + i;
-          }
+          const bool lower = rf[i] < low;
+          low = lower ? rf[i] : low;
+          at = lower ? k0 * kSurfaces + i : at;
         }
+        least[j] = low;
+        where[j] = at;
         if (!out.ply_rf.empty()) {
           std::copy_n(
               rf.begin(), m,

@@ -1,0 +1,127 @@
+/*
+ * corvane_strength.h: the C interface of Corvane's laminate strength analysis,
+ * the library corvane_strength (libcorvane_strength.so, corvane_strength.dll),
+ * which stands beside the library of corvane.h and needs nothing from it.
+ *
+ * The calling style is that of corvane.h. The entry point returns nothing and
+ * reports through its last argument, an error code. Every argument is passed
+ * by pointer: reals are 32-bit floats, integers 32-bit. A text is a
+ * blank-padded buffer without a terminating zero, followed at once by a hidden
+ * length passed by value, which is accepted and ignored: texts are always read
+ * and written at the lengths defined below (a zero byte ends a text read
+ * early), so the buffers must hold at least that many characters.
+ *
+ * A null pointer among the arguments makes a call return at once, writing
+ * nothing but the error code, which is then -1 (when it is not itself null).
+ * No call prints, stops the process, or keeps anything between calls; calls
+ * may run in many threads at once. Units are any consistent set (for instance
+ * mm, N, MPa, K).
+ */
+#ifndef CORVANE_CORVANE_STRENGTH_H_
+#define CORVANE_CORVANE_STRENGTH_H_
+
+#include <stdint.h>
+
+/* CORVANE_VERSION_MAJOR, _MINOR, _PATCH and CORVANE_VERSION_STRING. */
+#include "corvane/version.h"
+
+#if defined(_WIN32)
+#define CORVANE_STRENGTH_API
+#elif defined(__GNUC__)
+#define CORVANE_STRENGTH_API __attribute__((visibility("default")))
+#else
+#define CORVANE_STRENGTH_API
+#endif
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/* Lengths of the texts: the stacking sequence and the criterion keyword read,
+ * the message written. */
+#define CORVANE_STRENGTH_LAYUP_LENGTH 1000
+#define CORVANE_STRENGTH_CRITERION_LENGTH 32
+#define CORVANE_STRENGTH_MESSAGE_LENGTH 200
+/* Values of one load case: Nx, Ny, Nxy, Mx, My, Mxy, dT. */
+#define CORVANE_STRENGTH_LOAD_VALUES 7
+
+/*
+ * LAMINATE_STRENGTH: first-ply failure of a laminate of one ply material under
+ * many load cases, by one failure criterion, by classical lamination theory.
+ * The laminate is built once and every load case evaluated against it.
+ *
+ * t, e1, e2, g12, nu12   ply thickness (at least 1e-5) and elastic constants
+ *                        (none negative)
+ * cte1, cte2             ply thermal expansion along and across the fibres
+ * f1t, f1c               strengths along the fibres, tension and compression
+ * f2t, f2c               strengths across the fibres, tension and compression
+ * f12                    in-plane shear strength; all strengths positive, 0
+ *                        for one not known (a criterion that needs it is then
+ *                        refused, code 5)
+ * uetall, uecall         allowable tensile and compressive strains (positive);
+ *                        as for the ply material everywhere in Corvane, a value
+ *                        of 1 or more is taken as a stress: uetall = 0.8 value/E1,
+ *                        uecall = value/E1. Only MAX_TRUNCATED_STRAIN uses them.
+ * layup, layup_length    stacking sequence, e.g. "(0/45/-45/90)2S"
+ * criterion, criterion_length
+ *                        the criterion keyword, letter case and surrounding
+ *                        blanks ignored: TSAI_HILL, TSAI_WU (interaction term
+ *                        F12* = -1/2), HOFFMAN, YAMADA_SUN, PUCK (inclination
+ *                        parameters p+ = 0.35, p- = 0.30), MAX_STRAIN_I,
+ *                        MAX_TRUNCATED_STRAIN or MTS
+ * ncases                 number of load cases (0 or more)
+ * loads                  7 floats per case, case after case: running loads Nx,
+ *                        Ny, Nxy (force per width), running moments Mx, My,
+ *                        Mxy (moment per width), temperature change dT
+ * rf                     out, ncases floats: the first-ply failure reserve
+ *                        factor, the least over plies and surfaces of the
+ *                        factor on the mechanical loads (thermal stresses held)
+ *                        at which the criterion reaches 1; 1.0e10 when nothing
+ *                        loads the plies or the criterion is never reached, 0
+ *                        when the thermal stresses alone reach it
+ * ply                    out, ncases integers: the ply where it occurs,
+ *                        1-based from the bottom (z = -h/2); on a tie the
+ *                        first met, bottom ply and surface first
+ * surface                out, ncases integers: 1 bottom, 2 middle, 3 top of
+ *                        that ply
+ * mode                   out, ncases integers: the failure mode, where the
+ *                        criterion tells it: 0 not told, 1 fibre tension,
+ *                        2 fibre compression, 3 matrix tension, 4 matrix
+ *                        compression, 5 shear, 6, 7, 8 Puck's inter-fibre
+ *                        modes A, B, C
+ * message, message_length
+ *                        out: the reason of a refusal, one "Error! ..." line
+ *                        (e.g. "Error! F2c missing (material 1, criterion
+ *                        PUCK)."), blank-padded or cut to exactly 200
+ *                        characters; all blanks on success
+ * ierr                   out: 0 success;
+ *                        1 invalid ply material (a constant below its limit
+ *                          or a negative strength);
+ *                        2 stacking sequence refused (syntax, unreadable
+ *                          angle, 256 plies or more) or laminate unusable;
+ *                        3 unknown criterion keyword;
+ *                        4 criterion not available (AOSL, MAX_STRAIN_II,
+ *                          MTS2: no published definition);
+ *                        5 a strength or allowable the criterion needs is
+ *                          missing (zero or not finite);
+ *                        6 a load is NaN or infinite (the message names the
+ *                          first such case);
+ *                        7 ncases negative;
+ *                        8 memory exhausted.
+ * On error only ierr and message are written: rf, ply, surface and mode keep
+ * what the caller had in them.
+ */
+CORVANE_STRENGTH_API void LAMINATE_STRENGTH(
+    const float* t, const float* e1, const float* e2, const float* g12, const float* nu12,
+    const float* cte1, const float* cte2, const float* f1t, const float* f1c,
+    const float* f2t, const float* f2c, const float* f12, const float* uetall,
+    const float* uecall, const char* layup, int64_t layup_length, const char* criterion,
+    int64_t criterion_length, const int32_t* ncases, const float* loads, float* rf,
+    int32_t* ply, int32_t* surface, int32_t* mode, char* message, int64_t message_length,
+    int32_t* ierr);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif /* CORVANE_CORVANE_STRENGTH_H_ */

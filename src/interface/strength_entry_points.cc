@@ -1,0 +1,200 @@
+// LAMINATE_STRENGTH: first-ply failure of a laminate of one ply material under
+// many load cases. An adapter: it reads the host's variables and texts, builds
+// the laminate and its strength plan with the core once, evaluates every load
+// case straight into the host's arrays and words a refusal as a message.
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "corvane/corvane_strength.h"
+#include "interface/null_arguments.h"
+#include "laminas/criterion_code.h"
+#include "laminas/lamina.h"
+#include "laminates/stacking_sequence.h"
+#include "laminates_stressed/laminate_stressed.h"
+
+namespace corvane {
+namespace {
+
+// The documented error codes.
+enum Code : std::int32_t {
+  kOk = 0,
+  kInvalidMaterial = 1,
+  kUnusableLaminate = 2,
+  kUnknownCriterion = 3,
+  kNotAvailable = 4,
+  kStrengthMissing = 5,
+  kNonFiniteLoad = 6,
+  kNegativeCount = 7,
+  kOutOfMemory = 8,
+};
+
+struct Outcome {
+  std::int32_t code = kOk;
+  std::string message;  // empty on success
+};
+
+// The host's material: the seven constants of the stiffness entry points, then
+// the five strengths and the two allowable strains.
+struct Material {
+  float t, e1, e2, g12, nu12, cte1, cte2;
+  float f1t, f1c, f2t, f2c, f12, uetall, uecall;
+};
+
+struct Results {
+  float* rf;
+  std::int32_t *ply, *surface, *mode;
+};
+
+// A text of the host read at its fixed length, ended early by a C host's zero
+// byte.
+std::string_view host_text(const char* buffer, std::size_t length) {
+  const std::string_view text(buffer, length);
+  return text.substr(0, text.find('\0'));
+}
+
+std::string shortest(float x) {
+  std::array<char, 32> digits{};
+  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), x).ptr;
+  return std::string(digits.data(), end);
+}
+
+// Why the material is refused, or an empty text. The material's own check
+// first; negative strengths are refused here, missing ones (zero, not finite)
+// only by a criterion that needs them.
+std::string material_fault(const Material& m) {
+  std::string fault = lamina_fault(m.t, m.e1, m.e2, m.g12, m.nu12, m.uetall, m.uecall);
+  if (!fault.empty()) return fault;
+  const std::array<std::pair<std::string_view, float>, 5> strengths = {
+      {{"F1t", m.f1t}, {"F1c", m.f1c}, {"F2t", m.f2t}, {"F2c", m.f2c}, {"F12", m.f12}}};
+  for (const auto& [name, value] : strengths) {
+    if (value < 0.0f) return std::string(name) + " = " + shortest(value) + " is negative";
+  }
+  return {};
+}
+
+LAMINA ply_material(const Material& m) {
+  LAMINA lamina = new_lamina(m.t, m.e1, m.e2, m.g12, m.nu12, m.uetall, m.uecall);
+  lamina.CTE1 = m.cte1;
+  lamina.CTE2 = m.cte2;
+  lamina.set_strengths(m.f1t, m.f1c, m.f12, m.f2t, m.f2c);
+  return lamina;
+}
+
+std::int32_t code_of(StrengthError error) {
+  switch (error) {
+    case StrengthError::none:
+      return kOk;
+    case StrengthError::laminate_in_error:
+      return kUnusableLaminate;
+    case StrengthError::unknown_criterion:
+      return kUnknownCriterion;
+    case StrengthError::criterion_not_available:
+      return kNotAvailable;
+    case StrengthError::strength_missing:
+      return kStrengthMissing;
+    case StrengthError::non_finite_load:
+      return kNonFiniteLoad;
+    case StrengthError::bad_option:  // the defaults are always in range
+    case StrengthError::wrong_size:  // the arrays are sized here
+      break;
+  }
+  return kOutOfMemory;
+}
+
+Outcome laminate_strength(const Material& m, std::string_view layup,
+                          std::string_view criterion, std::int32_t ncases,
+                          const float* loads, const Results& out) {
+  if (ncases < 0) {
+    return {kNegativeCount,
+            "Error! Number of load cases " + std::to_string(ncases) + " is negative."};
+  }
+  const LAMINA material = ply_material(m);
+  if (material.status != 0) {
+    return {kInvalidMaterial, "Error! Invalid ply material: " + material_fault(m) + "."};
+  }
+  std::vector<float> angles;
+  StackingRefusal refusal;
+  if (parse_stacking_sequence(layup, angles, nullptr, &refusal) != kStackingOk) {
+    const std::string where =
+        refusal.position == 0 ? "" : " at character " + std::to_string(refusal.position);
+    return {kUnusableLaminate,
+            "Error! Layup refused" + where + ": " + refusal.reason + "."};
+  }
+  const std::int32_t code = criterion_code(criterion);
+  if (code == kNoCriterion) {
+    const auto first = criterion.find_first_not_of(' ');
+    const std::string_view name =
+        first == std::string_view::npos
+            ? std::string_view{}
+            : criterion.substr(first, criterion.find_last_not_of(' ') - first + 1);
+    return {kUnknownCriterion,
+            "Error! Unknown failure criterion \"" + std::string(name) + "\"."};
+  }
+
+  const LAMINATESTRESSED laminate(material, angles);
+  const std::int32_t criteria[] = {code};
+  const StrengthPlan plan = laminate.strength_plan(criteria);
+  const auto n = static_cast<std::size_t>(ncases);
+  StrengthOutputs outputs;
+  outputs.rf = {out.rf, n};
+  outputs.ply = {out.ply, n};
+  outputs.surface = {out.surface, n};
+  outputs.mode = {out.mode, n};
+  const StrengthStatus status = plan.evaluate({loads, n * kLoadCaseValues}, outputs);
+  return {code_of(status.error), status.message()};
+}
+
+// Exactly `length` characters: the text cut or blank padded.
+void write_text(std::string_view text, char* buffer, std::size_t length) {
+  const std::size_t n = std::min(text.size(), length);
+  std::memcpy(buffer, text.data(), n);
+  std::memset(buffer + n, ' ', length - n);
+}
+
+}  // namespace
+}  // namespace corvane
+
+extern "C" {
+
+// The hidden lengths are deliberately ignored: the texts always have the
+// lengths of corvane_strength.h.
+CORVANE_STRENGTH_API void LAMINATE_STRENGTH(
+    const float* t, const float* e1, const float* e2, const float* g12, const float* nu12,
+    const float* cte1, const float* cte2, const float* f1t, const float* f1c,
+    const float* f2t, const float* f2c, const float* f12, const float* uetall,
+    const float* uecall, const char* layup, int64_t /*layup_length*/,
+    const char* criterion, int64_t /*criterion_length*/, const int32_t* ncases,
+    const float* loads, float* rf, int32_t* ply, int32_t* surface, int32_t* mode,
+    char* message, int64_t /*message_length*/, int32_t* ierr) {
+  using namespace corvane;
+  if (null_argument(ierr, t, e1, e2, g12, nu12, cte1, cte2, f1t, f1c, f2t, f2c, f12,
+                    uetall, uecall, layup, criterion, ncases, loads, rf, ply, surface,
+                    mode, message)) {
+    return;
+  }
+  Outcome outcome;
+  try {
+    const Material m{*t,   *e1,  *e2,  *g12, *nu12, *cte1,   *cte2,
+                     *f1t, *f1c, *f2t, *f2c, *f12,  *uetall, *uecall};
+    outcome = laminate_strength(m, host_text(layup, CORVANE_STRENGTH_LAYUP_LENGTH),
+                                host_text(criterion, CORVANE_STRENGTH_CRITERION_LENGTH),
+                                *ncases, loads, {rf, ply, surface, mode});
+  } catch (...) {
+    // Only an exhausted memory can get here, before any result was written.
+    write_text("Error! Out of memory.", message, CORVANE_STRENGTH_MESSAGE_LENGTH);
+    *ierr = kOutOfMemory;
+    return;
+  }
+  write_text(outcome.message, message, CORVANE_STRENGTH_MESSAGE_LENGTH);
+  *ierr = outcome.code;
+}
+
+}  // extern "C"

@@ -1,0 +1,115 @@
+// LAMINATE_STRENGTH called through the built strength library, texts of exactly
+// their lengths on the heap and every output pre-filled with a sentinel, to see
+// what each call writes and what it leaves alone.
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "corvane/corvane_strength.h"
+#include "interface/loaded_library.h"
+#include "laminates/stacking_sequence.h"
+#include "laminates_stressed/laminate_stressed.h"
+#include "support/test_support.h"
+
+namespace corvane {
+namespace {
+
+using testing::layup_buffer;
+
+struct StrengthCall {
+  LAMINA m = t300_5208();
+  std::vector<float> v = {m.CPT, m.E1,  m.E2,  m.G12, m.v12, m.CTE1,   m.CTE2,
+                          m.F1t, m.F1c, m.F2t, m.F2c, m.F12, m.uetall, m.uecall};
+  std::vector<char> layup = layup_buffer("(0/45/-45/90)S"),
+                    criterion = layup_buffer("", 32);
+  std::int32_t ncases = 3, ierr = 7777;
+  std::vector<float> loads = {-500, 0,  40, 0, 0, 0, 0, 100, 200, -30, 5,
+                              -20,  10, 0,  0, 0, 0, 0, 0,   0,   -100};
+  std::vector<float> rf = {-7, -7, -7};
+  std::vector<std::int32_t> ply = {7, 7, 7}, surface = ply, mode = ply;
+  std::vector<char> message = std::vector<char>(CORVANE_STRENGTH_MESSAGE_LENGTH, '\x7f');
+
+  // The call, its argument `missing` (0-based, hidden lengths not counted) null.
+  StrengthCall& run(std::string_view name, int missing = -1) {
+    static auto* const entry =
+        library_under_test().entry<decltype(LAMINATE_STRENGTH)>("LAMINATE_STRENGTH");
+    name.copy(criterion.data(), name.size());
+    const auto g = [missing](int i, auto* p) { return i == missing ? nullptr : p; };
+    float* x = v.data();
+    entry(g(0, x), g(1, x + 1), g(2, x + 2), g(3, x + 3), g(4, x + 4), g(5, x + 5),
+          g(6, x + 6), g(7, x + 7), g(8, x + 8), g(9, x + 9), g(10, x + 10),
+          g(11, x + 11), g(12, x + 12), g(13, x + 13), g(14, layup.data()), 1,
+          g(15, criterion.data()), 0, g(16, &ncases), g(17, loads.data()),
+          g(18, rf.data()), g(19, ply.data()), g(20, surface.data()), g(21, mode.data()),
+          g(22, message.data()), 3, g(23, &ierr));
+    return *this;
+  }
+  std::string text() const { return {message.begin(), message.end()}; }
+  bool untouched() const {
+    return rf == StrengthCall().rf && ply == StrengthCall().ply && surface == ply &&
+           mode == ply;
+  }
+};
+
+TEST(StrengthEntry, ManyCasesGiveTheCoreResults) {
+  // A C host's zero byte ends the keyword; blanks and letter case are ignored.
+  const std::pair<std::string_view, std::int32_t> criteria[] = {
+      {{"tsai_wu\0xyz", 11}, 5}, {"  MTS", 31}, {"Puck", 9}};
+  for (const auto& [name, code] : criteria) {
+    const StrengthCall call = StrengthCall().run(name);
+    ASSERT_EQ(call.ierr, 0) << call.text();
+    EXPECT_EQ(call.text(), std::string(CORVANE_STRENGTH_MESSAGE_LENGTH, ' '));
+    std::vector<float> angles, rf(3);
+    std::vector<std::int32_t> ply(3), surface(3), mode(3);
+    parse_stacking_sequence("(0/45/-45/90)S", angles);
+    ASSERT_TRUE(LAMINATESTRESSED(call.m, angles)
+                    .strength_plan({&code, 1})
+                    .evaluate(call.loads, {rf, ply, surface, mode})
+                    .ok());
+    EXPECT_TRUE(call.rf == rf && call.ply == ply && call.surface == surface &&
+                call.mode == mode);
+  }
+}
+
+TEST(StrengthEntry, RefusalsWriteTheCodeAndReasonOnly) {
+  const struct {
+    void (*change)(StrengthCall&);
+    const char* criterion;
+    std::int32_t code;
+    const char* reason;
+  } rows[] = {
+      {[](StrengthCall& c) { c.v[2] = -10000; }, "PUCK", 1, "E2 = -10000 is negative"},
+      {[](StrengthCall& c) { c.v[10] = -1; }, "PUCK", 1, "F2c = -1 is negative"},
+      {[](StrengthCall& c) { c.v[1] = c.v[2] = c.v[3] = 0; }, "PUCK", 2,
+       "Laminate in error"},
+      {[](StrengthCall& c) { c.layup = layup_buffer("(0/4x5)S"); }, "PUCK", 2,
+       "at character 4: unreadable ply angle"},
+      {[](StrengthCall&) {}, " Xsai_wu", 3, "criterion \"Xsai_wu\"."},
+      {[](StrengthCall&) {}, "AOSL", 4, "not available"},
+      {[](StrengthCall& c) { c.v[9] = 0; }, "PUCK", 5, "F2t missing (material 1"},
+      {[](StrengthCall& c) { c.loads[17] = testing::kInf; }, "PUCK", 6, "Load case 3 "},
+      {[](StrengthCall& c) { c.ncases = -1; }, "PUCK", 7, "-1 is negative"},
+  };
+  for (const auto& row : rows) {
+    StrengthCall call;
+    row.change(call);
+    const std::string text = call.run(row.criterion).text();
+    EXPECT_EQ(call.ierr, row.code) << text;
+    EXPECT_EQ(text.rfind("Error! ", 0), 0u) << text;
+    EXPECT_NE(text.find(row.reason), std::string::npos) << text;
+    EXPECT_EQ(text.back(), ' ');
+    EXPECT_TRUE(call.untouched()) << text;
+  }
+}
+
+TEST(StrengthEntry, NullPointerWritesOnlyTheErrorCode) {
+  for (int missing = 0; missing < 24; ++missing) {
+    const StrengthCall call = StrengthCall().run("PUCK", missing);
+    EXPECT_EQ(call.ierr, missing == 23 ? 7777 : -1) << missing;
+    EXPECT_TRUE(call.untouched() && call.text() == StrengthCall().text()) << missing;
+  }
+}
+
+}  // namespace
+}  // namespace corvane
