@@ -5,8 +5,8 @@
 
 #include "cards/number_fields.h"
 #include "laminas/criterion_code.h"
-#include "laminas/matrix_product.h"
 #include "util/fixed_width.h"
+#include "util/matrix3.h"
 
 namespace corvane {
 namespace {
