@@ -1,0 +1,626 @@
+// corvane strength: ply stresses, reserve factors of failure criteria and the
+// first-ply failure of a laminate under one load case, or under every load
+// case of a CSV file.
+#include <unistd.h>
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <iomanip>
+#include <limits>
+#include <optional>
+#include <ostream>
+#include <sstream>
+#include <vector>
+
+#include "command_line.h"
+#include "commands.h"
+#include "laminas/criterion_code.h"
+#include "laminates/stacking_sequence.h"
+#include "laminates_stressed/laminate_stressed.h"
+#include "number_text.h"
+#include "util/keywords.h"
+#include "util/number_reading.h"
+
+namespace corvane::cli {
+namespace {
+
+// Strengths (compression positive) and allowable strains of a ply material.
+// An allowable strain that is NaN is derived from the strengths (see lamina()).
+struct PlyStrengths {
+  float f1t, f1c, f2t, f2c, f12, uetall, uecall;
+};
+struct StrengthField {
+  std::string_view option, label, meaning;
+  float PlyStrengths::*value;
+  float LAMINA::*member;
+};
+constexpr std::array<StrengthField, 7> kStrengthFields{{
+    {"f1t", "F1t", "tensile strength along the fibres", &PlyStrengths::f1t, &LAMINA::F1t},
+    {"f1c", "F1c", "compressive strength along the fibres", &PlyStrengths::f1c,
+     &LAMINA::F1c},
+    {"f2t", "F2t", "tensile strength across the fibres", &PlyStrengths::f2t,
+     &LAMINA::F2t},
+    {"f2c", "F2c", "compressive strength across the fibres", &PlyStrengths::f2c,
+     &LAMINA::F2c},
+    {"f12", "F12", "in-plane shear strength", &PlyStrengths::f12, &LAMINA::F12},
+    {"uetall", "uetall", "allowable tensile strain along the fibres",
+     &PlyStrengths::uetall, &LAMINA::uetall},
+    {"uecall", "uecall", "allowable compressive strain along the fibres",
+     &PlyStrengths::uecall, &LAMINA::uecall},
+}};
+
+// The built-in material's strengths: those of T300/5208 carbon/epoxy tape
+// (S. W. Tsai and H. T. Hahn, Introduction to Composite Materials, 1980), paired
+// with the command's default moduli, which are not T300/5208's.
+PlyStrengths built_in_strengths() {
+  const LAMINA m = t300_5208();
+  return {m.F1t, m.F1c, m.F2t, m.F2c, m.F12, NAN, NAN};
+}
+
+// A ply material with its strengths. new_lamina derives the allowable strains
+// from F1t and F1c when it reads them as strengths (1 or more): 0.8 F1t/E1 and
+// F1c/E1. Below 1 it would read a strain, so a smaller strength derives none.
+LAMINA lamina(const PlyMaterial& m, const PlyStrengths& s) {
+  LAMINA l = new_lamina(m.t, m.e1, m.e2, m.g12, m.nu12, s.f1t >= 1.0f ? s.f1t : 0.0f,
+                        s.f1c >= 1.0f ? s.f1c : 0.0f);
+  l.CTE1 = m.cte1;
+  l.CTE2 = m.cte2;
+  l.set_strengths(s.f1t, s.f1c, s.f12, s.f2t, s.f2c);
+  if (!std::isnan(s.uetall)) l.uetall = s.uetall;
+  if (!std::isnan(s.uecall)) l.uecall = s.uecall;
+  return l;
+}
+
+// A negative strength or allowable, as "F2t = -40 is negative"; empty if none.
+std::string negative_strength(const PlyStrengths& s) {
+  for (const StrengthField& field : kStrengthFields) {
+    if (s.*field.value < 0.0f) {
+      return std::string(field.label) + " = " + format_general(s.*field.value) +
+             " is negative";
+    }
+  }
+  return {};
+}
+
+struct LoadField {
+  std::string_view option, label, help;
+};
+// In the order of a LoadCase row; the labels are also the CSV column names.
+constexpr std::array<LoadField, kLoadCaseValues> kLoadFields{{
+    {"--nx", "Nx", "running load in x"},
+    {"--ny", "Ny", "running load in y"},
+    {"--nxy", "Nxy", "running shear load"},
+    {"--mx", "Mx", "running bending moment in x"},
+    {"--my", "My", "running bending moment in y"},
+    {"--mxy", "Mxy", "running twisting moment"},
+    {"--dt", "dT", "temperature change"},
+}};
+
+std::string error_meaning(StrengthError error) {
+  switch (error) {
+    case StrengthError::none:
+      return "success";
+    case StrengthError::laminate_in_error:
+      return "laminate in error";
+    case StrengthError::unknown_criterion:
+      return "unknown criterion";
+    case StrengthError::criterion_not_available:
+      return "criterion not available";
+    case StrengthError::strength_missing:
+      return "strength missing";
+    case StrengthError::non_finite_load:
+      return "load not finite";
+    case StrengthError::bad_option:
+      return "option out of range";
+    case StrengthError::wrong_size:
+      return "array of the wrong size";
+  }
+  return "unknown error";
+}
+
+// The core's words without "Error! " and the full stop, with the option that
+// gives a missing strength or an option out of range.
+std::string failure_words(const StrengthStatus& status) {
+  std::string what = status.message();
+  if (what.starts_with("Error! ")) what.erase(0, 7);
+  if (what.ends_with('.')) what.pop_back();
+  if (status.error == StrengthError::strength_missing) {
+    std::string option = normalize_keyword(status.name);
+    std::transform(option.begin(), option.end(), option.begin(),
+                   [](char c) { return c >= 'A' && c <= 'Z' ? char(c - 'A' + 'a') : c; });
+    what += ": give --" + std::string(status.material == 2 ? "m2-" : "") + option;
+  } else if (status.error == StrengthError::bad_option) {
+    const std::string_view name = status.name;
+    what += name == "F12*" ? " (--f12-star)"
+            : name == "p+" ? " (--puck-p-plus)"
+            : name == "p-" ? " (--puck-p-minus)"
+                           : "";
+  }
+  return what;
+}
+
+// The codes of the criteria named, each once, in the order first named; "all"
+// is every criterion with an evaluation, and so is no name at all. Returns the
+// first name that is no criterion keyword, or nothing.
+std::optional<std::string> criterion_codes(const std::vector<std::string>& names,
+                                           std::vector<std::int32_t>& codes) {
+  const auto add = [&codes](std::int32_t code) {
+    if (std::find(codes.begin(), codes.end(), code) == codes.end()) codes.push_back(code);
+  };
+  for (const std::string& name : names) {
+    if (normalize_keyword(name) == "ALL") {
+      for (std::int32_t code : kEvaluatedCriteria) add(code);
+    } else if (const std::int32_t code = criterion_code(name); code != kNoCriterion) {
+      add(code);
+    } else {
+      return name;
+    }
+  }
+  if (names.empty()) codes.assign(kEvaluatedCriteria.begin(), kEvaluatedCriteria.end());
+  return std::nullopt;
+}
+
+std::string known_criteria() {
+  std::string list;
+  for (std::int32_t code : kEvaluatedCriteria) {
+    list += std::string(criterion_keyword(code)) + ", ";
+  }
+  return list + "or all";
+}
+
+void append_real(std::string& text, float value) {
+  char buffer[32];
+  const auto written = std::to_chars(buffer, buffer + sizeof buffer, value);
+  text.append(buffer, written.ptr);
+}
+
+std::string_view trimmed(std::string_view s) {
+  while (!s.empty() && (s.front() == ' ' || s.front() == '\t')) s.remove_prefix(1);
+  while (!s.empty() && (s.back() == ' ' || s.back() == '\t' || s.back() == '\r')) {
+    s.remove_suffix(1);
+  }
+  return s;
+}
+
+// A bad line of a load-case file: the file, the line and the fault.
+struct LoadFileError {
+  std::string message;
+};
+
+// Reads a CSV file of load cases: a header naming some of the columns Nx, Ny,
+// Nxy, Mx, My, Mxy, dT (letter case ignored; those not named are 0), then one
+// case a line; blank lines are skipped. Every value is read before any result
+// is computed.
+std::vector<float> read_load_cases(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  std::stringstream buffer;
+  buffer << file.rdbuf();
+  if (!file) throw LoadFileError{"cannot read the load cases from " + path};
+  const std::string text = buffer.str();
+  std::string_view rest = text;
+  if (rest.starts_with("\xEF\xBB\xBF")) rest.remove_prefix(3);  // a spreadsheet's mark
+
+  std::vector<std::size_t> column;  // the LoadCase value of each column
+  std::vector<std::string_view> fields;
+  std::vector<float> loads;
+  loads.reserve(kLoadCaseValues *
+                static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n')));
+  std::size_t line = 0;
+  const auto fault = [&](const std::string& what) {
+    return LoadFileError{path + " line " + std::to_string(line) + ": " + what};
+  };
+  while (!rest.empty()) {
+    const std::size_t end = std::min(rest.find('\n'), rest.size());
+    const std::string_view row = trimmed(rest.substr(0, end));
+    rest.remove_prefix(std::min(end + 1, rest.size()));
+    ++line;
+    if (row.empty()) continue;
+    fields.clear();
+    for (std::size_t at = 0; at <= row.size();) {
+      const std::size_t comma = std::min(row.find(',', at), row.size());
+      fields.push_back(trimmed(row.substr(at, comma - at)));
+      at = comma + 1;
+    }
+    if (column.empty()) {  // the header
+      for (const std::string_view name : fields) {
+        const auto named =
+            std::find_if(kLoadFields.begin(), kLoadFields.end(), [&](const LoadField& f) {
+              return normalize_keyword(f.label) == normalize_keyword(name);
+            });
+        if (named == kLoadFields.end()) {
+          std::string names;
+          for (const LoadField& f : kLoadFields) names += ", " + std::string(f.label);
+          throw fault("unknown column \"" + std::string(name) + "\"; the columns are " +
+                      names.substr(2));
+        }
+        const auto index = static_cast<std::size_t>(named - kLoadFields.begin());
+        if (std::find(column.begin(), column.end(), index) != column.end()) {
+          throw fault("column " + std::string(named->label) + " named twice");
+        }
+        column.push_back(index);
+      }
+      continue;
+    }
+    if (fields.size() != column.size()) {
+      throw fault("the header names " + std::to_string(column.size()) +
+                  " columns, this line has " + std::to_string(fields.size()));
+    }
+    const std::size_t first = loads.size();
+    loads.resize(first + kLoadCaseValues, 0.0f);
+    for (std::size_t k = 0; k < fields.size(); ++k) {
+      float& value = loads[first + column[k]];
+      if (read_real(fields[k], value) != kReadOk) {
+        throw fault("column " + std::string(kLoadFields[column[k]].label) + ": " +
+                    parse_real(fields[k], value));
+      }
+    }
+  }
+  if (column.empty()) throw LoadFileError{path + ": no header line"};
+  return loads;
+}
+
+// A bar on standard error while a long file is worked through, only when
+// standard error is a terminal; wiped when done.
+class Progress {
+ public:
+  Progress(std::ostream& err, std::size_t total)
+      : err_(err), total_(total), shown_(total >= 100000 && isatty(STDERR_FILENO) != 0) {}
+  ~Progress() {
+    if (shown_ && percent_ >= 0)
+      err_ << '\r' << std::string(72, ' ') << '\r' << std::flush;
+  }
+  void update(std::size_t done) {
+    const int percent = static_cast<int>(done * 100 / std::max<std::size_t>(total_, 1));
+    if (!shown_ || percent == percent_) return;
+    percent_ = percent;
+    const auto filled = static_cast<std::size_t>(percent / 4);
+    err_ << "\rcorvane strength: [" << std::string(filled, '#')
+         << std::string(25 - filled, ' ') << "] " << percent << "% of " << total_
+         << " load cases" << std::flush;
+  }
+
+ private:
+  std::ostream& err_;
+  std::size_t total_;
+  bool shown_;
+  int percent_ = -1;
+};
+
+class StrengthCommand : public Command {
+ public:
+  explicit StrengthCommand(CLI::App& program) {
+    app_ = program.add_subcommand(
+        "strength",
+        "Ply stresses, reserve factors of failure criteria and first-ply failure");
+    const std::string loads =
+        "Load case (running loads and moments per width; default 0)";
+    for (std::size_t k = 0; k < kLoadFields.size(); ++k) {
+      load_[k] = add_real_option(*app_, std::string(kLoadFields[k].option), load_text_[k],
+                                 std::string(kLoadFields[k].help));
+      load_[k]->group(loads);
+    }
+    app_->add_option("--criterion", criterion_names_,
+                     "failure criterion: " + known_criteria() +
+                         " (default all); repeat it or separate names with commas")
+        ->delimiter(',')
+        ->allow_extra_args(false)
+        ->type_name("NAME");
+    add_real_option(*app_, "--f12-star", f12_star_,
+                    "Tsai-Wu interaction term F12*, in (-1, 1) (default -0.5)");
+    add_real_option(*app_, "--puck-p-plus", p_plus_,
+                    "Puck's inclination p+ in [0, 1) (default 0.35, carbon)");
+    add_real_option(*app_, "--puck-p-minus", p_minus_,
+                    "Puck's inclination p- in [0, 1) (default 0.30, carbon)");
+    app_->add_option("--loads", loads_file_,
+                     "read the load cases from a CSV file: a header naming columns among "
+                     "Nx, Ny, Nxy, Mx, My, Mxy, dT, then one case a line")
+        ->type_name("FILE");
+    app_->add_option("--out", out_file_,
+                     "with --loads, write the results to FILE (default standard output)")
+        ->type_name("FILE");
+    app_->add_flag("--json", json_, "print the results as JSON");
+    laminate_.add_to(*app_);
+    const PlyStrengths built_in = built_in_strengths();
+    for (std::size_t k = 0; k < kStrengthFields.size(); ++k) {
+      const StrengthField& f = kStrengthFields[k];
+      const float value = built_in.*f.value;
+      first_[k] = add_real_option(
+          *app_, "--" + std::string(f.option), first_text_[k],
+          std::string(f.meaning) + (std::isnan(value)
+                                        ? " (default from F1t, F1c and E1)"
+                                        : " (default " + format_general(value) + ")"));
+      first_[k]->group("Ply strengths (default: T300/5208, Tsai and Hahn 1980)");
+      second_[k] =
+          add_real_option(*app_, "--m2-" + std::string(f.option), second_text_[k],
+                          "material 2: " + std::string(f.meaning));
+      second_[k]->group("Second ply material's strengths (default the first's)");
+    }
+    app_->footer(
+        "RFs in the table are cut toward zero; --json and the --loads results hold the "
+        "exact\nvalues. With --loads, one line of results a load case: the case number "
+        "and, per\ncriterion, the least RF, its ply, surface and failure mode.\n"
+        "Examples:\n"
+        "  corvane strength \"(0/45/-45/90)2S\" --nx -500 --criterion all\n"
+        "  corvane strength \"(0/90)S\" --nx 100 --dt -100 --criterion tsai_wu,puck "
+        "--json\n"
+        "  corvane strength \"(0/45/-45/90)3S\" --criterion puck --loads cases.csv --out "
+        "results.csv");
+  }
+
+  CLI::App& parser() override { return *app_; }
+
+  int run(std::ostream& out, std::ostream& err) override {
+    const bool many = !loads_file_.empty();
+    for (std::size_t k = 0; k < load_.size(); ++k) {
+      if (many && given(load_[k])) {
+        throw UsageError{"--loads replaces the load options: drop " +
+                         std::string(kLoadFields[k].option)};
+      }
+    }
+    if (many && json_) throw UsageError{"--json is for one load case, not --loads"};
+    if (!many && !out_file_.empty()) throw UsageError{"--out goes with --loads"};
+
+    Output o("strength", json_, out, err);
+    Json& data = o.data();
+    data["layup"] = laminate_.layup();
+    std::vector<std::int32_t> codes;
+    if (const auto unknown = criterion_codes(criterion_names_, codes)) {
+      return o.fail(
+          static_cast<std::int32_t>(StrengthError::unknown_criterion),
+          error_meaning(StrengthError::unknown_criterion),
+          "unknown criterion \"" + *unknown + "\"; the criteria are " + known_criteria());
+    }
+    Json& names = data["criteria"] = Json::array();
+    for (std::int32_t code : codes) names.push_back(criterion_keyword(code));
+
+    const StiffnessResult stiffness = laminate_.compute();
+    if (stiffness.error_code != 0) {
+      return o.fail(stiffness.error_code, stiffness_error_meaning(stiffness.error_code),
+                    stiffness_failure(stiffness, laminate_));
+    }
+    const PlyStrengths s1 = strengths(first_text_, first_, built_in_strengths());
+    // A --m2- strength asks for material 2 as a --m2- modulus does.
+    std::optional<PlyMaterial> m2 = laminate_.second_material();
+    if (!m2 && std::any_of(second_.begin(), second_.end(), given)) {
+      m2 = laminate_.material();
+    }
+    const PlyStrengths s2 = strengths(second_text_, second_, s1);
+    for (const auto& [prefix, s] : {std::pair{"", s1}, std::pair{"material 2: ", s2}}) {
+      if (std::string what = negative_strength(s); !what.empty()) {
+        return o.fail(1, stiffness_error_meaning(1), prefix + what);
+      }
+      if (!m2) break;
+    }
+    std::vector<float> angles;
+    std::vector<std::int32_t> material_index;
+    parse_stacking_sequence(laminate_.layup(), angles, &material_index);
+    const LAMINA l1 = lamina(laminate_.material(), s1);
+    const LAMINATESTRESSED laminate =
+        m2 ? LAMINATESTRESSED(l1, lamina(*m2, s2), angles, material_index)
+           : LAMINATESTRESSED(l1, angles);
+    Json& materials = data["materials"] = Json::array();
+    for (std::size_t m = 0; m < laminate.materials.size(); ++m) {
+      materials.push_back(material_json(m == 0 ? laminate_.material() : *m2));
+      for (const StrengthField& f : kStrengthFields) {
+        materials.back()[std::string(f.label)] =
+            json_real(laminate.materials[m].*f.member);
+      }
+    }
+    StrengthOptions options;
+    if (!f12_star_.empty()) options.tsai_wu_f12_star = real_value(f12_star_);
+    if (!p_plus_.empty()) options.puck.p_plus = real_value(p_plus_);
+    if (!p_minus_.empty()) options.puck.p_minus = real_value(p_minus_);
+    data["options"] = {{"f12_star", json_real(options.tsai_wu_f12_star)},
+                       {"puck_p_plus", json_real(options.puck.p_plus)},
+                       {"puck_p_minus", json_real(options.puck.p_minus)}};
+    const StrengthPlan plan = laminate.strength_plan(codes, options);
+    if (!plan.status().ok()) return strength_fail(o, plan.status());
+    if (many) return run_many(o, plan, codes, out, err);
+
+    LoadCase load;
+    float* row = &load.Nx;  // LoadCase is kLoadCaseValues floats in a row
+    static_assert(sizeof(LoadCase) == kLoadCaseValues * sizeof(float));
+    Json& loads = data["loads"] = Json::object();
+    for (std::size_t k = 0; k < kLoadFields.size(); ++k) {
+      if (given(load_[k])) row[k] = real_value(load_text_[k]);
+      loads[std::string(kLoadFields[k].label)] = json_real(row[k]);
+    }
+    if (!o.json()) {
+      std::string report;
+      const StrengthStatus status =
+          laminate.strength_report(load, codes, options, report);
+      if (!status.ok()) return strength_fail(o, status);
+      out << "Laminate " << laminate_.layup() << ": " << laminate.nplies << " plies, "
+          << (laminate.symmetric ? "symmetric" : "not symmetric") << '\n';
+      for (std::size_t m = 0; m < laminate.materials.size(); ++m) {
+        const std::string n = m2 ? " " + std::to_string(m + 1) + ":" : ":";
+        const int width = m2 ? 13 : 12;
+        out << std::left << std::setw(width) << "Material" + n
+            << material_line(m == 0 ? laminate_.material() : *m2) << '\n'
+            << std::setw(width) << "Strengths" + n << std::right
+            << strength_line(laminate.materials[m]) << '\n';
+      }
+      out << '\n' << report;
+      return kExitOk;
+    }
+    return single_json(o, laminate, plan, load, codes);
+  }
+
+ private:
+  static PlyStrengths strengths(const std::array<std::string, 7>& text,
+                                const std::array<CLI::Option*, 7>& options,
+                                PlyStrengths s) {
+    for (std::size_t k = 0; k < kStrengthFields.size(); ++k) {
+      if (given(options[k])) s.*kStrengthFields[k].value = real_value(text[k]);
+    }
+    return s;
+  }
+
+  static std::string strength_line(const LAMINA& m) {
+    std::string line;
+    for (const StrengthField& f : kStrengthFields) {
+      line += (line.empty() ? "" : "  ") + std::string(f.label) + " = " +
+              format_general(m.*f.member);
+    }
+    return line;
+  }
+
+  static int strength_fail(Output& o, const StrengthStatus& status) {
+    return o.fail(static_cast<std::int32_t>(status.error), error_meaning(status.error),
+                  failure_words(status));
+  }
+
+  static int single_json(Output& o, const LAMINATESTRESSED& laminate,
+                         const StrengthPlan& plan, const LoadCase& load,
+                         const std::vector<std::int32_t>& codes) {
+    LaminateState state;
+    StrengthStatus status = plan.state(load, state);
+    const std::size_t nc = codes.size(), ns = state.surfaces.size();
+    std::vector<float> rf(nc), ply_rf(nc * ns);
+    std::vector<std::int32_t> ply(nc), surface(nc), mode(nc);
+    if (status.ok()) {
+      status = plan.evaluate(std::span(&load.Nx, kLoadCaseValues),
+                             {rf, ply, surface, mode, ply_rf, {}, {}});
+    }
+    if (!status.ok()) return strength_fail(o, status);
+    Json& data = o.data();
+    data["error_code"] = 0;
+    data["plies"] = laminate.nplies;
+    data["symmetric"] = laminate.symmetric;
+    Json& midplane = data["midplane"] = Json::array();
+    for (float x : state.midplane) midplane.push_back(json_real(x));
+    Json& surfaces = data["surfaces"] = Json::array();
+    for (std::size_t i = 0; i < ns; ++i) {
+      const PlySurfaceState& p = state.surfaces[i];
+      const auto k = static_cast<std::size_t>(p.ply - 1);
+      Json rfs = Json::array();
+      for (std::size_t j = 0; j < nc; ++j) rfs.push_back(json_real(ply_rf[j * ns + i]));
+      surfaces.push_back(
+          {{"ply", p.ply},
+           {"surface", surface_name(p.surface)},
+           {"angle", json_real(laminate.angles[k])},
+           {"material", laminate.material_index[k]},
+           {"stress",
+            {json_real(p.stress[0]), json_real(p.stress[1]), json_real(p.stress[2])}},
+           {"rf", rfs}});
+    }
+    Json& first = data["first_ply_failure"] = Json::array();
+    for (std::size_t j = 0; j < nc; ++j) {
+      first.push_back({{"criterion", criterion_keyword(codes[j])},
+                       {"code", codes[j]},
+                       {"rf", json_real(rf[j])},
+                       {"ply", ply[j]},
+                       {"surface", surface_name(static_cast<Surface>(surface[j]))},
+                       {"mode", failure_mode_name(static_cast<FailureMode>(mode[j]))}});
+    }
+    return o.finish();
+  }
+
+  // Every load case of the file, in blocks, to --out (through a temporary
+  // file renamed at the end, so a failure leaves no half-written results) or
+  // to standard output.
+  int run_many(Output& o, const StrengthPlan& plan,
+               const std::vector<std::int32_t>& codes, std::ostream& standard_out,
+               std::ostream& err) const {
+    std::vector<float> loads;
+    try {
+      loads = read_load_cases(loads_file_);
+    } catch (const LoadFileError& e) {
+      o.error_line(e.message);
+      return kExitFailed;
+    }
+    const std::string temporary = out_file_ + ".partial";
+    std::ofstream file;
+    if (!out_file_.empty()) file.open(temporary, std::ios::binary | std::ios::trunc);
+    std::ostream& out = out_file_.empty() ? standard_out : file;
+    const auto cannot_write = [&] {
+      file.close();
+      std::error_code ignored;
+      std::filesystem::remove(temporary, ignored);
+      o.error_line("cannot write the results to " + out_file_);
+      return kExitFile;
+    };
+    if (!out) return cannot_write();
+
+    const std::size_t nc = codes.size(), ncases = loads.size() / kLoadCaseValues;
+    constexpr std::size_t kBlock = 2048;
+    std::vector<float> rf(kBlock * nc);
+    std::vector<std::int32_t> ply(kBlock * nc), surface(kBlock * nc), mode(kBlock * nc);
+    std::string text = "case";
+    for (std::int32_t code : codes) {
+      const std::string k(criterion_keyword(code));
+      text += "," + k + "_rf," + k + "_ply," + k + "_surface," + k + "_mode";
+    }
+    text += '\n';
+    Progress progress(err, ncases);
+    for (std::size_t start = 0; start < ncases; start += kBlock) {
+      const std::size_t n = std::min(kBlock, ncases - start);
+      StrengthStatus status = plan.evaluate(
+          std::span(loads).subspan(start * kLoadCaseValues, n * kLoadCaseValues),
+          {std::span(rf).first(n * nc), std::span(ply).first(n * nc),
+           std::span(surface).first(n * nc), std::span(mode).first(n * nc)});
+      if (!status.ok()) {  // not expected: every load was read as a finite real
+        status.load_case += static_cast<std::int64_t>(start);
+        file.close();
+        std::error_code ignored;
+        std::filesystem::remove(temporary, ignored);
+        return strength_fail(o, status);
+      }
+      char number[24];
+      for (std::size_t c = 0; c < n; ++c) {
+        text.append(number,
+                    std::to_chars(number, number + sizeof number, start + c + 1).ptr);
+        for (std::size_t j = 0; j < nc; ++j) {
+          const std::size_t at = c * nc + j;
+          text += ',';
+          append_real(text, rf[at]);
+          text += ',';
+          text.append(number, std::to_chars(number, number + sizeof number, ply[at]).ptr);
+          text += ',';
+          text += surface_name(static_cast<Surface>(surface[at]));
+          text += ',';
+          text += failure_mode_name(static_cast<FailureMode>(mode[at]));
+        }
+        text += '\n';
+      }
+      out.write(text.data(), static_cast<std::streamsize>(text.size()));
+      text.clear();
+      progress.update(start + n);
+    }
+    if (ncases == 0) out.write(text.data(), static_cast<std::streamsize>(text.size()));
+    out.flush();
+    if (out_file_.empty()) {
+      if (out) return kExitOk;
+      o.error_line("cannot write the results to standard output");
+      return kExitFile;
+    }
+    file.close();
+    std::error_code renamed;
+    if (file) std::filesystem::rename(temporary, out_file_, renamed);
+    if (!file || renamed) return cannot_write();
+    return kExitOk;
+  }
+
+  CLI::App* app_ = nullptr;
+  LaminateOptions laminate_;
+  std::array<std::string, kLoadCaseValues> load_text_;
+  std::array<CLI::Option*, kLoadCaseValues> load_{};
+  std::array<std::string, 7> first_text_, second_text_;
+  std::array<CLI::Option*, 7> first_{}, second_{};
+  std::vector<std::string> criterion_names_;
+  std::string f12_star_, p_plus_, p_minus_;
+  std::string loads_file_, out_file_;
+  bool json_ = false;
+};
+
+}  // namespace
+
+std::unique_ptr<Command> add_strength_command(CLI::App& program) {
+  return std::make_unique<StrengthCommand>(program);
+}
+
+}  // namespace corvane::cli
