@@ -5,7 +5,6 @@
 #include <complex>
 #include <vector>
 
-
 namespace corvane {
 namespace {
 
