@@ -7,57 +7,39 @@
 
 #include "cards/number_fields.h"
 
+// The results digest pins whole decks bit for bit, continuation lines included.
 namespace corvane {
 namespace {
 
-TEST(CardWriter, AppendsCardsAsAssembleCardLaysThemOut) {
-  std::string deck = "$ comment\r\n";
-  {
-    CardWriter first(deck, 2);  // more fields than announced: the text grows
-    first.field("PCOMP");
-    first.field("1001");
-    for (int i = 0; i < 9; ++i) first.real(0.125f * static_cast<float>(i));
-    first.end();
-  }
-  {
-    CardWriter second(deck, 3);
-    second.field("MAT2");
-    second.field("12345678901");  // cut to 8
-    second.blank();
-    second.end();
-  }
-
-  std::vector<std::string> fields = {"PCOMP", "1001"};
-  for (int i = 0; i < 9; ++i)
-    fields.push_back(real_to_field8(0.125f * static_cast<float>(i)));
-  const std::vector<std::string> mat2 = {"MAT2", "12345678", ""};
-  EXPECT_EQ(deck, "$ comment\r\n" + assemble_card(fields) + assemble_card(mat2));
-}
-
-TEST(CardWriter, LengthBoundHoldsAndIsReachedByFullLines) {
+TEST(CardWriter, FieldsTheBoundAndAWriterGoneBeforeItsEnd) {
+  // The name moves left; data of up to 6 characters end in column 7, of 7 and 8 in
+  // column 8 (leading blanks count); more are cut, a blank field stays blank.
+  EXPECT_EQ(
+      assemble_card(std::vector<std::string>{" MAT2", "  12345", "1.0", "123456789", ""}),
+      "MAT2       12345    1.0 12345678        \r\n");
+  // Full lines reach the bound: 9 fields, then 8 more per continuation line.
   for (std::size_t n = 1; n <= 41; ++n) {
-    std::string card;
+    std::string card = "$";
     {
       CardWriter writer(card, n);
       for (std::size_t i = 0; i < n; ++i) writer.field("12345678");
       writer.end();
     }
-    EXPECT_LE(card.size(), CardWriter::length_bound(n)) << n << " fields";
-    // Full lines: 9 fields, then 8 more per continuation.
-    if (n >= 9 && n % 8 == 1) {
-      EXPECT_EQ(card.size(), CardWriter::length_bound(n)) << n << " fields";
-    }
+    EXPECT_LE(card.size(), CardWriter::length_bound(n) + 1) << n;
+    EXPECT_TRUE(n % 8 != 1 || n == 1 || card.size() == CardWriter::length_bound(n) + 1)
+        << n;
   }
-}
-
-TEST(CardWriter, AWriterGoneBeforeItsEndLeavesOnlyItsFields) {
+  // More fields than announced grow the text; a writer gone before its end leaves
+  // its fields without a line end.
   std::string text = "$";
   {
-    CardWriter card(text, 20);
+    CardWriter card(text, 2);
     card.field("MAT8");
-    card.field("101");
+    for (int i = 0; i < 9; ++i) card.real(0.5f);
   }
-  EXPECT_EQ(text, "$MAT8        101 ");
+  std::string expected = "$MAT8    ";
+  for (int i = 0; i < 8; ++i) expected += "  0.5000";
+  EXPECT_EQ(text, expected + "\r\n          0.5000");
 }
 
 }  // namespace
