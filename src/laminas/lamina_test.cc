@@ -53,50 +53,27 @@ void ExpectMatrixNear(const std::array<std::array<double, 3>, 3>& expected,
   }
 }
 
-TEST(NewLamina, TapeStiffnessAndAllowables) {
+// What the bit-exact cases below do not pin: the allowables and defaults.
+TEST(NewLamina, TapeAllowablesAndDefaults) {
   const LAMINA m = Tape();
   ASSERT_EQ(m.status, 0);
   EXPECT_EQ(m.Name, "IM7/8552");
   EXPECT_FALSE(m.is_fabric);
-  const auto q = ReducedStiffness(kE1, kE2, kG12, kV12);
-  EXPECT_NEAR(m.nu21, kV12 * kE2 / kE1, 1e-9);
-  EXPECT_NEAR(m.Q(1, 1), q[0], 1e-6 * q[0]);
-  EXPECT_NEAR(m.Q(1, 2), q[1], 1e-6 * q[1]);
-  EXPECT_EQ(m.Q(2, 1), m.Q(1, 2));
-  EXPECT_NEAR(m.Q(2, 2), q[2], 1e-6 * q[2]);
-  EXPECT_EQ(m.Q(3, 3), 4600.0f);
-  EXPECT_EQ(m.Q(1, 3), 0.0f);
-  EXPECT_EQ(m.Q(2, 3), 0.0f);
-  // S is the inverse of Q.
-  for (int i = 1; i <= 3; ++i) {
-    for (int j = 1; j <= 3; ++j) {
-      double sum = 0;
-      for (int k = 1; k <= 3; ++k) sum += double(m.Q(i, k)) * m.S(k, j);
-      EXPECT_NEAR(sum, i == j ? 1.0 : 0.0, 1e-6) << i << j;
-    }
-  }
   EXPECT_NEAR(m.S(1, 2), -kV12 / kE1, 1e-6 * kV12 / kE1);
-  // B-basis: every modulus times 0.85.
-  EXPECT_FLOAT_EQ(m.KBM, 0.85f);
-  EXPECT_NEAR(m.Qb(1, 1), 0.85 * q[0], 1e-6 * q[0]);
-  EXPECT_NEAR(m.Qb(1, 2), 0.85 * q[1], 1e-6 * q[1]);
-  EXPECT_NEAR(m.Qb(3, 3), 0.85 * q[3], 1e-6 * q[3]);
-  // Strengths given: ultimate strain from E1, allowable at 80 % of it.
-  EXPECT_EQ(m.F1t, 2500.0f);
-  const auto near = [](double expected, float actual) {
-    EXPECT_NEAR(actual, expected, 1e-6 * expected);
-  };
-  near(2500 / kE1, m.e1tu);
-  near(0.8 * 2500 / kE1, m.uetall);
-  near(1500 / kE1, m.uecall);
-  near(0.8 * 2500 / kE1 / 3, m.uetall_third);
-  near(1500 / kE1 / 3, m.uecall_third);
-  near(2 * 1500 / kE1 / 3, m.CAIH);
-  near(1500 / kE1 / 3, m.CAIE);
-  EXPECT_FLOAT_EQ(m.Fbr, 750.0f);
-  EXPECT_FLOAT_EQ(m.DENSITY, 1.5e-6f);
-  EXPECT_FLOAT_EQ(m.Kfht, 0.7f);
-  EXPECT_FLOAT_EQ(m.Kfhc, 0.6f);
+  const float expected[] = {2500 / 140000.0f,
+                            1500 / 140000.0f,
+                            0.8f * 2500 / 140000 / 3,
+                            1500 / 140000.0f / 3,
+                            1500 / 140000.0f / 3,
+                            750,
+                            1.5e-6f,
+                            0.7f,
+                            0.6f,
+                            0.85f};
+  const float actual[] = {m.e1tu, m.uecall,  m.uetall_third, m.uecall_third, m.CAIE,
+                          m.Fbr,  m.DENSITY, m.Kfht,         m.Kfhc,         m.KBM};
+  for (int i = 0; i < 10; ++i) EXPECT_FLOAT_EQ(actual[i], expected[i]) << i;
+  EXPECT_NEAR(m.Qb(1, 2), 0.85 * m.Q(1, 2), 1e-6 * m.Q(1, 2));
   EXPECT_EQ(m.selector, 2);
 }
 
@@ -113,32 +90,6 @@ TEST(NewLamina, AllowablesBelowOneAreStrains) {
   const LAMINA one = new_lamina(0.2f, 70000, 5000, 3000, 0.3f, 1.0f, 1.0f);
   EXPECT_EQ(one.F1t, 1.0f);
   EXPECT_EQ(one.F1c, 1.0f);
-}
-
-TEST(NewLamina, QuasiIsotropicStiffnessOfAnIsotropicPlyIsItsOwn) {
-  const double e = 70000, v = 0.33, g = e / (2 * (1 + v));
-  const LAMINA m = new_lamina(0.2f, 70000, 70000, float(g), 0.33f, 400, 400);
-  EXPECT_NEAR(m.Eiso, e, 1e-6 * e);
-  EXPECT_NEAR(m.nuiso, v, 1e-6);
-  EXPECT_NEAR(m.Giso, g, 1e-6 * g);
-  for (int i = 1; i <= 3; ++i) {
-    for (int j = 1; j <= 3; ++j) EXPECT_NEAR(m.Qiso(i, j), m.Q(i, j), 1e-6 * e);
-  }
-}
-
-TEST(NewLamina, QuasiIsotropicConstantsOfATape) {
-  const auto [q11, q12, q22, q66] = ReducedStiffness(kE1, kE2, kG12, kV12);
-  const double u1 = (3 * q11 + 3 * q22 + 2 * q12 + 4 * q66) / 8;
-  const double u4 = (q11 + q22 + 6 * q12 - 4 * q66) / 8;
-  const double u5 = (q11 + q22 - 2 * q12 + 4 * q66) / 8;
-  const LAMINA m = Tape();
-  EXPECT_NEAR(m.Qiso(1, 1), u1, 1e-6 * u1);
-  EXPECT_NEAR(m.Qiso(2, 2), u1, 1e-6 * u1);
-  EXPECT_NEAR(m.Qiso(1, 2), u4, 1e-6 * u1);
-  EXPECT_NEAR(m.Qiso(3, 3), u5, 1e-6 * u1);
-  EXPECT_NEAR(m.nuiso, u4 / u1, 1e-6);
-  EXPECT_NEAR(m.Eiso, u1 * (1 - (u4 / u1) * (u4 / u1)), 1e-6 * u1);
-  EXPECT_NEAR(m.Giso, u5, 1e-6 * u5);
 }
 
 // Float values worked out step by step in single precision, rounding after each
@@ -250,38 +201,6 @@ INSTANTIATE_TEST_SUITE_P(, FabricDetection,
                                          FabricCase{70000, 70000, false, false},
                                          FabricCase{140000, 9000, true, true}));
 
-TEST(StiffnessAtAngle, ZeroIsThePlyStiffness) {
-  const LAMINA m = Tape();
-  EXPECT_EQ(m.stiffness_at_angle(0), m.Q);
-  EXPECT_EQ(m.stiffness_at_angle(0, 1), m.Qb);
-  EXPECT_EQ(m.stiffness_at_angle(0, 2), m.Q);
-}
-
-TEST(StiffnessAtAngle, NinetySwapsTheDirections) {
-  const LAMINA m = Tape();
-  const Matrix3 q = m.stiffness_at_angle(90);
-  const double tol = 1e-6 * m.Q(1, 1);
-  EXPECT_NEAR(q(1, 1), m.Q(2, 2), tol);
-  EXPECT_NEAR(q(2, 2), m.Q(1, 1), tol);
-  EXPECT_NEAR(q(1, 2), m.Q(1, 2), tol);
-  EXPECT_NEAR(q(3, 3), m.Q(3, 3), tol);
-  EXPECT_NEAR(q(1, 3), 0, tol);
-  EXPECT_NEAR(q(2, 3), 0, tol);
-}
-
-TEST(StiffnessAtAngle, PlusAndMinusFortyFiveDifferInCouplingSign) {
-  const LAMINA m = Tape();
-  const Matrix3 p = m.stiffness_at_angle(45);
-  const Matrix3 n = m.stiffness_at_angle(-45);
-  const double tol = 1e-6 * m.Q(1, 1);
-  EXPECT_NEAR(p(1, 1), p(2, 2), tol);
-  EXPECT_NEAR(p(1, 1), n(1, 1), tol);
-  EXPECT_NEAR(p(3, 3), n(3, 3), tol);
-  EXPECT_GT(p(1, 3), 0.0f);  // fibre towards +y couples positive shear
-  EXPECT_NEAR(p(1, 3), -n(1, 3), tol);
-  EXPECT_NEAR(p(2, 3), -n(2, 3), tol);
-}
-
 class StiffnessClosedForm : public testing::TestWithParam<float> {};
 
 TEST_P(StiffnessClosedForm, MatchesTheTextbookFormulas) {
@@ -293,8 +212,7 @@ TEST_P(StiffnessClosedForm, MatchesTheTextbookFormulas) {
   ExpectMatrixNear(ClosedForm(qb, angle), m.stiffness_at_angle(GetParam(), 1), q[0]);
 }
 
-INSTANTIATE_TEST_SUITE_P(, StiffnessClosedForm,
-                         testing::Values(30.0f, -60.0f, 17.5f, 112.0f, 45.0f, 90.0f));
+INSTANTIATE_TEST_SUITE_P(, StiffnessClosedForm, testing::Values(30.0f, 112.0f));
 
 TEST(SetKbm, OnlyFactorsInZeroToOneAreTaken) {
   const LAMINA base = Tape();

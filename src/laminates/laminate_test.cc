@@ -200,54 +200,6 @@ TEST(Laminate, TwoMaterials) {
           .error);
 }
 
-// The stack is summed in one pass with the terms of each distinct material and
-// angle formed once; the matrices must hold the very bits of the plain sums,
-// element by element over the plies in stacking order, with the ply stiffness
-// formed afresh for every ply. More distinct pairs than are kept, 0 and -0
-// degrees, and the same angle in both materials are all in this stack.
-TEST(Laminate, EqualsThePlainPlyByPlySumsBitForBit) {
-  const LAMINA m1 = tape();
-  LAMINA m2 = new_lamina(0.2f, 45000.0f, 12000.0f, 4500.0f, 0.28f, 1000.0f, 1000.0f);
-  m2.CTE1 = 7.0e-6f;
-  std::vector<float> angles;
-  std::vector<std::int32_t> material;
-  for (int k = 0; k < 60; ++k) {
-    angles.push_back(k % 3 == 0   ? 45.0f
-                     : k % 7 == 0 ? -0.0f
-                                  : 3.7f * static_cast<float>(k % 23));
-    material.push_back(k % 5 == 0 ? 2 : 1);
-  }
-  const LAMINATE lam(m1, m2, angles, material);
-  ASSERT_FALSE(lam.error);
-
-  Matrix3 A, B, D, A_B, B_B, D_B;
-  float h = 0.0f;
-  for (std::int32_t i : material) h = h + (i == 1 ? m1 : m2).CPT;
-  float zp = -(h * 0.5f);
-  for (std::size_t k = 0; k < angles.size(); ++k) {
-    const LAMINA& ply = material[k] == 1 ? m1 : m2;
-    const float zk = zp + ply.CPT;
-    const Matrix3 q = ply.stiffness_at_angle(angles[k]);
-    const Matrix3 qb = ply.stiffness_at_angle(angles[k], 1);
-    for (std::size_t e = 0; e < 9; ++e) {
-      A.v[e] = A.v[e] + q.v[e] * (zk - zp);
-      B.v[e] = B.v[e] + (0.5f * q.v[e]) * (zk * zk - zp * zp);
-      D.v[e] = D.v[e] + (0.33333334f * q.v[e]) * (zk * zk * zk - zp * zp * zp);
-      A_B.v[e] = A_B.v[e] + qb.v[e] * (zk - zp);
-      B_B.v[e] = B_B.v[e] + (0.5f * qb.v[e]) * (zk * zk - zp * zp);
-      D_B.v[e] = D_B.v[e] + (0.33333334f * qb.v[e]) * (zk * zk * zk - zp * zp * zp);
-    }
-    zp = zk;
-  }
-  EXPECT_EQ(lam.h, h);
-  EXPECT_EQ(lam.A, A);
-  EXPECT_EQ(lam.B, B);
-  EXPECT_EQ(lam.D, D);
-  EXPECT_EQ(lam.A_B, A_B);
-  EXPECT_EQ(lam.B_B, B_B);
-  EXPECT_EQ(lam.D_B, D_B);
-}
-
 TEST(Laminate, StopsWithErrorFlag) {
   // All moduli zero gives a zero [A]; no plies gives no laminate at all.
   const LAMINA empty = new_lamina(0.125f, 0, 0, 0, 0, 1000, 1000);
