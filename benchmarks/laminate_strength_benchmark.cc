@@ -79,13 +79,14 @@ void entry_point(benchmark::State& state) {
   std::vector<float> rf(static_cast<std::size_t>(ncases));
   std::vector<std::int32_t> ply(rf.size()), surface(rf.size()), mode(rf.size());
   std::string message(CORVANE_STRENGTH_MESSAGE_LENGTH, ' ');
+  const float options[3] = {-0.5f, 0.35f, 0.30f};
   std::int32_t ierr = 0;
   for (auto _ : state) {
     LAMINATE_STRENGTH(&v[0], &v[1], &v[2], &v[3], &v[4], &v[5], &v[6], &v[7], &v[8],
                       &v[9], &v[10], &v[11], &v[12], &v[13], layup.data(),
                       CORVANE_STRENGTH_LAYUP_LENGTH, criterion.data(),
-                      CORVANE_STRENGTH_CRITERION_LENGTH, &ncases, loads.data(), rf.data(),
-                      ply.data(), surface.data(), mode.data(), message.data(),
+                      CORVANE_STRENGTH_CRITERION_LENGTH, options, &ncases, loads.data(),
+                      rf.data(), ply.data(), surface.data(), mode.data(), message.data(),
                       CORVANE_STRENGTH_MESSAGE_LENGTH, &ierr);
     benchmark::DoNotOptimize(rf.data());
     benchmark::ClobberMemory();

@@ -65,10 +65,14 @@ extern "C" {
  * layup, layup_length    stacking sequence, e.g. "(0/45/-45/90)2S"
  * criterion, criterion_length
  *                        the criterion keyword, letter case and surrounding
- *                        blanks ignored: TSAI_HILL, TSAI_WU (interaction term
- *                        F12* = -1/2), HOFFMAN, YAMADA_SUN, PUCK (inclination
- *                        parameters p+ = 0.35, p- = 0.30), MAX_STRAIN_I,
- *                        MAX_TRUNCATED_STRAIN or MTS
+ *                        blanks ignored: TSAI_HILL, TSAI_WU, HOFFMAN,
+ *                        YAMADA_SUN, PUCK, MAX_STRAIN_I, MAX_TRUNCATED_STRAIN
+ *                        or MTS
+ * options                3 floats: Tsai-Wu's normalised interaction term F12*
+ *                        (in (-1, 1); -0.5 is the usual value), Puck's
+ *                        inclination parameters p+ and p- (each in [0, 1);
+ *                        0.35 and 0.30 for carbon, 0.30 and 0.25 for glass).
+ *                        Only the criterion that uses an option reads it.
  * ncases                 number of load cases (0 or more)
  * loads                  7 floats per case, case after case: running loads Nx,
  *                        Ny, Nxy (force per width), running moments Mx, My,
@@ -107,7 +111,8 @@ extern "C" {
  *                        6 a load is NaN or infinite (the message names the
  *                          first such case);
  *                        7 ncases negative;
- *                        8 memory exhausted.
+ *                        8 memory exhausted;
+ *                        9 an option of the criterion out of its range.
  * On error only ierr and message are written: rf, ply, surface and mode keep
  * what the caller had in them.
  */
@@ -116,9 +121,31 @@ CORVANE_STRENGTH_API void LAMINATE_STRENGTH(
     const float* cte1, const float* cte2, const float* f1t, const float* f1c,
     const float* f2t, const float* f2c, const float* f12, const float* uetall,
     const float* uecall, const char* layup, int64_t layup_length, const char* criterion,
-    int64_t criterion_length, const int32_t* ncases, const float* loads, float* rf,
-    int32_t* ply, int32_t* surface, int32_t* mode, char* message, int64_t message_length,
-    int32_t* ierr);
+    int64_t criterion_length, const float* options, const int32_t* ncases,
+    const float* loads, float* rf, int32_t* ply, int32_t* surface, int32_t* mode,
+    char* message, int64_t message_length, int32_t* ierr);
+
+/*
+ * BI_MATERIAL_LAMINATE_STRENGTH: LAMINATE_STRENGTH for a laminate of two ply
+ * materials. The fourteen values of material 1 (t_1 ... uecall_1) come first,
+ * then those of material 2, each as in LAMINATE_STRENGTH; every other argument
+ * is that of LAMINATE_STRENGTH. In the layup a ply angle written with a
+ * trailing "." (such as "45.") is a ply of material 2. A refused material is
+ * named in the message ("Error! Invalid ply material 2: ..."), a missing
+ * strength with its material ("(material 2, criterion PUCK)").
+ */
+CORVANE_STRENGTH_API void BI_MATERIAL_LAMINATE_STRENGTH(
+    const float* t_1, const float* e1_1, const float* e2_1, const float* g12_1,
+    const float* nu12_1, const float* cte1_1, const float* cte2_1, const float* f1t_1,
+    const float* f1c_1, const float* f2t_1, const float* f2c_1, const float* f12_1,
+    const float* uetall_1, const float* uecall_1, const float* t_2, const float* e1_2,
+    const float* e2_2, const float* g12_2, const float* nu12_2, const float* cte1_2,
+    const float* cte2_2, const float* f1t_2, const float* f1c_2, const float* f2t_2,
+    const float* f2c_2, const float* f12_2, const float* uetall_2, const float* uecall_2,
+    const char* layup, int64_t layup_length, const char* criterion,
+    int64_t criterion_length, const float* options, const int32_t* ncases,
+    const float* loads, float* rf, int32_t* ply, int32_t* surface, int32_t* mode,
+    char* message, int64_t message_length, int32_t* ierr);
 
 #ifdef __cplusplus
 }

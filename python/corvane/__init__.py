@@ -43,7 +43,15 @@ from .laminate import (
     laminate_stiffness,
     strains_in_plane,
 )
-from .strength import FAILURE_MODES, LOAD_NAMES, StrengthResult, laminate_strength
+from .strength import (
+    FAILURE_MODES,
+    LOAD_NAMES,
+    PUCK_CARBON,
+    PUCK_GLASS,
+    TSAI_WU_F12_STAR,
+    StrengthResult,
+    laminate_strength,
+)
 
 __version__ = _version.version()
 
@@ -53,6 +61,9 @@ __all__ = [
     "LOAD_NAMES",
     "CorvaneError",
     "FAILURE_MODES",
+    "PUCK_CARBON",
+    "PUCK_GLASS",
+    "TSAI_WU_F12_STAR",
     "Error",
     "InPlaneStrains",
     "LaminateStiffness",

@@ -134,6 +134,13 @@ _F = POINTER(c_float)
 _I = POINTER(c_int32)
 _STIFFNESS_RESULTS = [_I, _F, _F, _F, _F] + [_F] * 8 + [_I, c_char_p, c_int64, _I]
 
+# What follows the materials in the strength entry points: layup, criterion,
+# options, the load cases and their results, the message and the error code.
+_STRENGTH_REST = [c_char_p, c_int64, c_char_p, c_int64, _F, _I, _F, _F, _I, _I, _I] + [
+    c_char_p,
+    c_int64,
+    _I,
+]
 _PROTOTYPES = {
     "LAMINATE_STIFFNESS": [_F] * 7 + [c_char_p, c_int64] + _STIFFNESS_RESULTS,
     "BI_MATERIAL_LAMINATE_STIFFNESS": [_F] * 14
@@ -143,12 +150,11 @@ _PROTOTYPES = {
     "LAMINATE_RECTANGULAR_SS_BUCKLING_LOADS": [_F] * 6 + [_I],
     "LAMINATE_RECTANGULAR_SS_BUCKLING_RF": [_F] * 7 + [_I],
     "LAMINATE_SHELL_BUCKLING_LOADS": [_F] * 9 + [_I],
-    "LAMINATE_STRENGTH": [_F] * 14
-    + [c_char_p, c_int64, c_char_p, c_int64, _I, _F, _F, _I, _I, _I]
-    + [c_char_p, c_int64, _I],
+    "LAMINATE_STRENGTH": [_F] * 14 + _STRENGTH_REST,
+    "BI_MATERIAL_LAMINATE_STRENGTH": [_F] * 28 + _STRENGTH_REST,
 }
 # The entry points of the strength library; the others are of the first.
-_STRENGTH_ENTRY_POINTS = {"LAMINATE_STRENGTH"}
+_STRENGTH_ENTRY_POINTS = {"LAMINATE_STRENGTH", "BI_MATERIAL_LAMINATE_STRENGTH"}
 
 
 @functools.cache

@@ -108,12 +108,10 @@ class LaminateStiffness:
             self.h, self.Ex, self.Ey, self.Gxy, self.nuxy, Nx, Ny, Nxy
         )
 
-    def strength(self, loads, criterion="TSAI_WU"):
+    def strength(self, loads, criterion="TSAI_WU", **options):
         """First-ply failure under load cases: laminate_strength with this
-        laminate's ply and layup (of one ply material only)."""
-        if len(self.materials) != 1:
-            raise NotImplementedError("strength of laminates of one ply material only")
-        return laminate_strength(self.materials[0], self.layup, loads, criterion)
+        laminate's ply materials and layup (options: f12_star, puck)."""
+        return laminate_strength(self.materials, self.layup, loads, criterion, **options)
 
 
 def _call_stiffness(entry, ply_materials, layup):

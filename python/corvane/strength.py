@@ -1,5 +1,5 @@
 """First-ply failure of a laminate under many load cases: the strength
-library's LAMINATE_STRENGTH entry point."""
+library's LAMINATE_STRENGTH and BI_MATERIAL_LAMINATE_STRENGTH entry points."""
 
 import typing
 from ctypes import POINTER, byref, c_float, c_int32, create_string_buffer
@@ -70,22 +70,40 @@ def _load_cases(loads):
     return np.ascontiguousarray(array, dtype=np.float32)
 
 
-def laminate_strength(ply, layup, loads, criterion="TSAI_WU"):
-    """First-ply failure of a laminate of one ply material under load cases.
+# The published defaults of the criteria's options: Tsai-Wu's normalised
+# interaction term, Puck's inclination parameters p+ and p- for carbon (glass:
+# 0.30 and 0.25).
+TSAI_WU_F12_STAR = -0.5
+PUCK_CARBON = (0.35, 0.30)
+PUCK_GLASS = (0.30, 0.25)
+
+
+def laminate_strength(
+    ply, layup, loads, criterion="TSAI_WU", *, f12_star=TSAI_WU_F12_STAR, puck=PUCK_CARBON
+):
+    """First-ply failure of a laminate under load cases.
 
     ply: a Ply with its strengths (F1t, F1c, F2t, F2c, F12) and, for the
     truncated maximum strain criterion, its allowable strains (uetall,
-    uecall). layup: the stacking sequence, as for laminate_stiffness.
-    loads: the load cases, an array of shape (..., 7) of Nx, Ny, Nxy, Mx, My,
+    uecall); or a pair of them for a laminate of two materials, whose layup
+    marks plies of the second with a trailing "." (as
+    bi_material_laminate_stiffness). layup: the stacking sequence, as for
+    laminate_stiffness. loads: the load cases, an array of shape (..., 7) of Nx, Ny, Nxy, Mx, My,
     Mxy, dT (one case: shape (7,)), or columns by those names (a dict or a
     data frame; a missing column is 0). criterion: TSAI_HILL, TSAI_WU,
     HOFFMAN, YAMADA_SUN, PUCK, MAX_STRAIN_I or MAX_TRUNCATED_STRAIN (MTS).
+    f12_star: Tsai-Wu's normalised interaction term, in (-1, 1). puck: Puck's
+    inclination parameters (p+, p-), each in [0, 1); PUCK_GLASS for glass.
 
     Returns a StrengthResult. Raises CorvaneError with the library's code and
     message when it refuses the call: an invalid material, a refused layup,
     an unknown or unavailable criterion, a strength the criterion needs
-    missing, a NaN or infinite load.
+    missing, a NaN or infinite load, an option out of range.
     """
+    plies = tuple(ply) if isinstance(ply, (tuple, list)) else (ply,)
+    if len(plies) not in (1, 2):
+        raise ValueError(f"one or two ply materials, not {len(plies)}")
+    entry = "LAMINATE_STRENGTH" if len(plies) == 1 else "BI_MATERIAL_LAMINATE_STRENGTH"
     cases = _load_cases(loads)
     count = cases.size // len(LOAD_NAMES)
     if count > np.iinfo(np.int32).max:
@@ -98,15 +116,21 @@ def laminate_strength(ply, layup, loads, criterion="TSAI_WU"):
     where = [np.empty(count, dtype=np.int32) for _ in range(3)]
     message = create_string_buffer(_library.MESSAGE_LENGTH)
     ierr = c_int32(0)
-    _library.entry_point("LAMINATE_STRENGTH")(
-        *ply._arguments(),
-        *_convert.reals(
-            ply.F1t, ply.F1c, ply.F2t, ply.F2c, ply.F12, ply.uetall, ply.uecall
+    options = (c_float * 3)(f12_star, *puck)
+    _library.entry_point(entry)(
+        *(
+            a
+            for p in plies
+            for a in (
+                *p._arguments(),
+                *_convert.reals(p.F1t, p.F1c, p.F2t, p.F2c, p.F12, p.uetall, p.uecall),
+            )
         ),
         layup_buffer,
         _library.LAYUP_LENGTH,
         criterion_buffer,
         _library.CRITERION_LENGTH,
+        options,
         byref(c_int32(count)),
         cases.ctypes.data_as(_POINTER_F),
         rf.ctypes.data_as(_POINTER_F),
@@ -116,6 +140,6 @@ def laminate_strength(ply, layup, loads, criterion="TSAI_WU"):
         byref(ierr),
     )
     if ierr.value != 0:
-        raise CorvaneError("LAMINATE_STRENGTH", ierr.value, _convert.text_result(message))
+        raise CorvaneError(entry, ierr.value, _convert.text_result(message))
     shape = cases.shape[:-1]
     return StrengthResult(rf.reshape(shape), *(w.reshape(shape) for w in where))

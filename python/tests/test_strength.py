@@ -40,6 +40,23 @@ def test_refusals_carry_the_library_code_and_message():
     assert e.value.code == 6
 
 
+def test_second_material_and_options_reach_the_library():
+    glass = corvane.Ply(0.25, 39000, 8600, 3800, 0.28, 7e-6, 2.1e-5, 1080, 620, 39, 128, 89)
+    same = corvane.bi_material_laminate_stiffness(TAPE, TAPE, "(0/45./-45./90)S")
+    one = LAMINATE.strength(CASES, "PUCK")
+    assert all((a == b).all() for a, b in zip(same.strength(CASES, "PUCK"), one))
+    mixed = corvane.bi_material_laminate_stiffness(TAPE, glass, "(0/45./-45./90)S")
+    assert (mixed.strength(CASES).rf != LAMINATE.strength(CASES).rf).any()
+    case = [0, 0, 0, 0, 0, 5, 0]  # twisting: matrix modes, where p+ and p- act
+    glass_p = LAMINATE.strength(case, "PUCK", puck=corvane.PUCK_GLASS).rf
+    assert glass_p != LAMINATE.strength(case, "PUCK").rf
+    assert LAMINATE.strength(CASES, f12_star=0.0).rf[1] != LAMINATE.strength(CASES).rf[1]
+    with pytest.raises(corvane.CorvaneError, match="BI_MATERIAL.*code 5:.*material 2"):
+        corvane.laminate_strength((TAPE, corvane.Ply(1, 9, 9, 9, 0.2)), "(0/0.)", CASES)
+    with pytest.raises(corvane.CorvaneError, match="code 9: Error! Option F12"):
+        LAMINATE.strength(CASES, f12_star=1.0)
+
+
 def test_strength_library_beside_the_first_unless_named(tmp_path):
     (tmp_path / "libcorvane_strength.so.0").touch()
     beside = [str(tmp_path / "libcorvane_strength.so.0")]

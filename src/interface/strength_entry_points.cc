@@ -1,7 +1,8 @@
-// LAMINATE_STRENGTH: first-ply failure of a laminate of one ply material under
-// many load cases. An adapter: it reads the host's variables and texts, builds
-// the laminate and its strength plan with the core once, evaluates every load
-// case straight into the host's arrays and words a refusal as a message.
+// LAMINATE_STRENGTH and BI_MATERIAL_LAMINATE_STRENGTH: first-ply failure of a
+// laminate of one or two ply materials under many load cases. Adapters: they read
+// the host's variables and texts, build the laminate and its strength plan with
+// the core once, evaluate every load case straight into the host's arrays and word
+// a refusal as a message.
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -34,6 +35,7 @@ enum Code : std::int32_t {
   kNonFiniteLoad = 6,
   kNegativeCount = 7,
   kOutOfMemory = 8,
+  kBadOption = 9,
 };
 
 struct Outcome {
@@ -102,27 +104,36 @@ std::int32_t code_of(StrengthError error) {
       return kStrengthMissing;
     case StrengthError::non_finite_load:
       return kNonFiniteLoad;
-    case StrengthError::bad_option:  // the defaults are always in range
+    case StrengthError::bad_option:
+      return kBadOption;
     case StrengthError::wrong_size:  // the arrays are sized here
       break;
   }
   return kOutOfMemory;
 }
 
-Outcome laminate_strength(const Material& m, std::string_view layup,
-                          std::string_view criterion, std::int32_t ncases,
-                          const float* loads, const Results& out) {
+Outcome laminate_strength(std::span<const Material> m, std::string_view layup,
+                          std::string_view criterion, const float* options,
+                          std::int32_t ncases, const float* loads, const Results& out) {
   if (ncases < 0) {
     return {kNegativeCount,
             "Error! Number of load cases " + std::to_string(ncases) + " is negative."};
   }
-  const LAMINA material = ply_material(m);
-  if (material.status != 0) {
-    return {kInvalidMaterial, "Error! Invalid ply material: " + material_fault(m) + "."};
+  std::vector<LAMINA> materials;
+  for (const Material& each : m) {
+    materials.push_back(ply_material(each));
+    if (materials.back().status != 0) {
+      const std::string which =
+          m.size() == 1 ? "" : " " + std::to_string(materials.size());
+      return {kInvalidMaterial,
+              "Error! Invalid ply material" + which + ": " + material_fault(each) + "."};
+    }
   }
   std::vector<float> angles;
+  std::vector<std::int32_t> material_index;
   StackingRefusal refusal;
-  if (parse_stacking_sequence(layup, angles, nullptr, &refusal) != kStackingOk) {
+  if (parse_stacking_sequence(layup, angles, m.size() == 1 ? nullptr : &material_index,
+                              &refusal) != kStackingOk) {
     const std::string where =
         refusal.position == 0 ? "" : " at character " + std::to_string(refusal.position);
     return {kUnusableLaminate,
@@ -139,9 +150,15 @@ Outcome laminate_strength(const Material& m, std::string_view layup,
             "Error! Unknown failure criterion \"" + std::string(name) + "\"."};
   }
 
-  const LAMINATESTRESSED laminate(material, angles);
+  const LAMINATESTRESSED laminate =
+      m.size() == 1
+          ? LAMINATESTRESSED(materials[0], angles)
+          : LAMINATESTRESSED(materials[0], materials[1], angles, material_index);
   const std::int32_t criteria[] = {code};
-  const StrengthPlan plan = laminate.strength_plan(criteria);
+  StrengthOptions chosen;
+  chosen.tsai_wu_f12_star = options[0];
+  chosen.puck = {options[1], options[2]};
+  const StrengthPlan plan = laminate.strength_plan(criteria, chosen);
   const auto n = static_cast<std::size_t>(ncases);
   StrengthOutputs outputs;
   outputs.rf = {out.rf, n};
@@ -159,6 +176,23 @@ void write_text(std::string_view text, char* buffer, std::size_t length) {
   std::memset(buffer + n, ' ', length - n);
 }
 
+// Runs the analysis and writes its outcome: no exception leaves here.
+void run(std::span<const Material> m, const char* layup, const char* criterion,
+         const float* options, std::int32_t ncases, const float* loads,
+         const Results& out, char* message, std::int32_t* ierr) {
+  Outcome outcome;
+  try {
+    outcome = laminate_strength(m, host_text(layup, CORVANE_STRENGTH_LAYUP_LENGTH),
+                                host_text(criterion, CORVANE_STRENGTH_CRITERION_LENGTH),
+                                options, ncases, loads, out);
+  } catch (...) {
+    // Only an exhausted memory can get here, before any result was written.
+    outcome = {kOutOfMemory, "Error! Out of memory."};
+  }
+  write_text(outcome.message, message, CORVANE_STRENGTH_MESSAGE_LENGTH);
+  *ierr = outcome.code;
+}
+
 }  // namespace
 }  // namespace corvane
 
@@ -171,30 +205,47 @@ CORVANE_STRENGTH_API void LAMINATE_STRENGTH(
     const float* cte1, const float* cte2, const float* f1t, const float* f1c,
     const float* f2t, const float* f2c, const float* f12, const float* uetall,
     const float* uecall, const char* layup, int64_t /*layup_length*/,
-    const char* criterion, int64_t /*criterion_length*/, const int32_t* ncases,
+    const char* criterion, int64_t /*criterion_length*/, const float* options,
+    const int32_t* ncases, const float* loads, float* rf, int32_t* ply, int32_t* surface,
+    int32_t* mode, char* message, int64_t /*message_length*/, int32_t* ierr) {
+  using namespace corvane;
+  if (null_argument(ierr, t, e1, e2, g12, nu12, cte1, cte2, f1t, f1c, f2t, f2c, f12,
+                    uetall, uecall, layup, criterion, options, ncases, loads, rf, ply,
+                    surface, mode, message)) {
+    return;
+  }
+  const Material m[] = {{*t, *e1, *e2, *g12, *nu12, *cte1, *cte2, *f1t, *f1c, *f2t, *f2c,
+                         *f12, *uetall, *uecall}};
+  run(m, layup, criterion, options, *ncases, loads, {rf, ply, surface, mode}, message,
+      ierr);
+}
+
+CORVANE_STRENGTH_API void BI_MATERIAL_LAMINATE_STRENGTH(
+    const float* t_1, const float* e1_1, const float* e2_1, const float* g12_1,
+    const float* nu12_1, const float* cte1_1, const float* cte2_1, const float* f1t_1,
+    const float* f1c_1, const float* f2t_1, const float* f2c_1, const float* f12_1,
+    const float* uetall_1, const float* uecall_1, const float* t_2, const float* e1_2,
+    const float* e2_2, const float* g12_2, const float* nu12_2, const float* cte1_2,
+    const float* cte2_2, const float* f1t_2, const float* f1c_2, const float* f2t_2,
+    const float* f2c_2, const float* f12_2, const float* uetall_2, const float* uecall_2,
+    const char* layup, int64_t /*layup_length*/, const char* criterion,
+    int64_t /*criterion_length*/, const float* options, const int32_t* ncases,
     const float* loads, float* rf, int32_t* ply, int32_t* surface, int32_t* mode,
     char* message, int64_t /*message_length*/, int32_t* ierr) {
   using namespace corvane;
-  if (null_argument(ierr, t, e1, e2, g12, nu12, cte1, cte2, f1t, f1c, f2t, f2c, f12,
-                    uetall, uecall, layup, criterion, ncases, loads, rf, ply, surface,
+  if (null_argument(ierr, t_1, e1_1, e2_1, g12_1, nu12_1, cte1_1, cte2_1, f1t_1, f1c_1,
+                    f2t_1, f2c_1, f12_1, uetall_1, uecall_1, t_2, e1_2, e2_2, g12_2,
+                    nu12_2, cte1_2, cte2_2, f1t_2, f1c_2, f2t_2, f2c_2, f12_2, uetall_2,
+                    uecall_2, layup, criterion, options, ncases, loads, rf, ply, surface,
                     mode, message)) {
     return;
   }
-  Outcome outcome;
-  try {
-    const Material m{*t,   *e1,  *e2,  *g12, *nu12, *cte1,   *cte2,
-                     *f1t, *f1c, *f2t, *f2c, *f12,  *uetall, *uecall};
-    outcome = laminate_strength(m, host_text(layup, CORVANE_STRENGTH_LAYUP_LENGTH),
-                                host_text(criterion, CORVANE_STRENGTH_CRITERION_LENGTH),
-                                *ncases, loads, {rf, ply, surface, mode});
-  } catch (...) {
-    // Only an exhausted memory can get here, before any result was written.
-    write_text("Error! Out of memory.", message, CORVANE_STRENGTH_MESSAGE_LENGTH);
-    *ierr = kOutOfMemory;
-    return;
-  }
-  write_text(outcome.message, message, CORVANE_STRENGTH_MESSAGE_LENGTH);
-  *ierr = outcome.code;
+  const Material m[] = {{*t_1, *e1_1, *e2_1, *g12_1, *nu12_1, *cte1_1, *cte2_1, *f1t_1,
+                         *f1c_1, *f2t_1, *f2c_1, *f12_1, *uetall_1, *uecall_1},
+                        {*t_2, *e1_2, *e2_2, *g12_2, *nu12_2, *cte1_2, *cte2_2, *f1t_2,
+                         *f1c_2, *f2t_2, *f2c_2, *f12_2, *uetall_2, *uecall_2}};
+  run(m, layup, criterion, options, *ncases, loads, {rf, ply, surface, mode}, message,
+      ierr);
 }
 
 }  // extern "C"
