@@ -1,6 +1,8 @@
-// LAMINATE_STRENGTH with arbitrary material, criterion, load cases and stacking
-// text. Bytes: 14 material floats, one float whose bits choose the criterion and
-// the number of cases (-1 to 8), 7 floats per case, then the layup.
+// LAMINATE_STRENGTH, or BI_MATERIAL_LAMINATE_STRENGTH when built with
+// CORVANE_FUZZ_TWO_MATERIALS, with arbitrary materials, criterion, options, load
+// cases and stacking text. Bytes: 14 floats a material, 3 option floats, one
+// float whose bits choose the criterion and the number of cases (-1 to 8), 7
+// floats per case, then the layup.
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
@@ -10,15 +12,22 @@
 #include "corvane/corvane_strength.h"
 #include "fuzz_input.h"
 
+#ifdef CORVANE_FUZZ_TWO_MATERIALS
+constexpr int kMaterialValues = 28;
+#else
+constexpr int kMaterialValues = 14;
+#endif
+
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   static const char* const kCriteria[] = {"TSAI_HILL",    "TSAI_WU",    "HOFFMAN",
                                           " puck ",       "YAMADA_SUN", "MTS",
                                           "MAX_STRAIN_I", "AOSL",       ""};
   corvane::fuzz::FuzzInput in(data, size);
-  float m[15];
+  float m[kMaterialValues + 4];
   for (float& v : m) v = in.next_float();
+  const float* options = &m[kMaterialValues];
   std::uint32_t choice = 0;
-  std::memcpy(&choice, &m[14], sizeof choice);
+  std::memcpy(&choice, &m[kMaterialValues + 3], sizeof choice);
   const int32_t ncases = static_cast<int32_t>(choice % 10) - 1;
   const std::size_t n = ncases > 0 ? static_cast<std::size_t>(ncases) : 1;
   std::string criterion(kCriteria[choice / 10 % 9]);
@@ -29,12 +38,20 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   std::vector<int32_t> ply(n, -1), surface(n, -1), mode(n, -1);
   std::string message(CORVANE_STRENGTH_MESSAGE_LENGTH, '-');
   int32_t ierr = -2;
-  LAMINATE_STRENGTH(&m[0], &m[1], &m[2], &m[3], &m[4], &m[5], &m[6], &m[7], &m[8], &m[9],
-                    &m[10], &m[11], &m[12], &m[13], layup.get(), 3, criterion.data(), 5,
-                    &ncases, loads.data(), rf.data(), ply.data(), surface.data(),
-                    mode.data(), message.data(), 7, &ierr);
+#ifdef CORVANE_FUZZ_TWO_MATERIALS
+  BI_MATERIAL_LAMINATE_STRENGTH(
+      &m[0], &m[1], &m[2], &m[3], &m[4], &m[5], &m[6], &m[7], &m[8], &m[9], &m[10],
+      &m[11], &m[12], &m[13], &m[14], &m[15], &m[16], &m[17], &m[18], &m[19], &m[20],
+      &m[21], &m[22], &m[23], &m[24], &m[25], &m[26], &m[27],
+#else
+  LAMINATE_STRENGTH(
+      &m[0], &m[1], &m[2], &m[3], &m[4], &m[5], &m[6], &m[7], &m[8], &m[9], &m[10],
+      &m[11], &m[12], &m[13],
+#endif
+      layup.get(), 3, criterion.data(), 5, options, &ncases, loads.data(), rf.data(),
+      ply.data(), surface.data(), mode.data(), message.data(), 7, &ierr);
   // A refusal says why and writes no result; a success gives results in range.
-  if (ierr < 0 || ierr > 8 || (message.rfind("Error! ", 0) == 0) != (ierr != 0))
+  if (ierr < 0 || ierr > 9 || (message.rfind("Error! ", 0) == 0) != (ierr != 0))
     std::abort();
   for (std::size_t k = 0; k < n; ++k) {
     const bool written = ply[k] != -1 || surface[k] != -1 || mode[k] != -1 || rf[k] != -1;

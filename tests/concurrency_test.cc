@@ -107,18 +107,31 @@ Bytes shell_loads(std::array<float, 9> a, std::array<float, 9> d, float l, float
   return out;
 }
 
-Bytes strength(const std::string& criterion, float nx) {
-  const float m[14] = {0.125f, 181000, 10300, 7170, 0.28f, 0,
-                       2e-5f,  1500,   1500,  40,   246,   68};
-  auto layup = layup_buffer("(0/45/-45/90)2S"), name = layup_buffer(criterion);
+// One material, or two when `two` (material 2 stiffer, on the 45s).
+Bytes strength(const std::string& criterion, float nx, bool two = false) {
+  const float m[28] = {0.125f, 181000, 10300, 7170, 0.28f, 0,    2e-5f, 1500, 1500,
+                       40,     246,    68,    0,    0,     0.2f, 39000, 8600, 3800,
+                       0.28f,  7e-6f,  2e-5f, 1080, 620,   39,   128,   89};
+  const float options[3] = {-0.5f, 0.35f, 0.30f};
+  auto layup = layup_buffer("(0/45./-45./90)2S"), name = layup_buffer(criterion);
   const int32_t n = 2;
   const float loads[14] = {nx, 10, 20, 1, 2, 3, 0, 30, nx, 0, 0, 0, 5, -100};
   float rf[2] = {};
   int32_t where[3][2] = {}, ierr = 7;
   char message[CORVANE_STRENGTH_MESSAGE_LENGTH];
-  LAMINATE_STRENGTH(&m[0], &m[1], &m[2], &m[3], &m[4], &m[5], &m[6], &m[7], &m[8], &m[9],
-                    &m[10], &m[11], &m[12], &m[13], layup.data(), 0, name.data(), 0, &n,
-                    loads, rf, where[0], where[1], where[2], message, 0, &ierr);
+  if (two) {
+    BI_MATERIAL_LAMINATE_STRENGTH(&m[0], &m[1], &m[2], &m[3], &m[4], &m[5], &m[6], &m[7],
+                                  &m[8], &m[9], &m[10], &m[11], &m[12], &m[13], &m[14],
+                                  &m[15], &m[16], &m[17], &m[18], &m[19], &m[20], &m[21],
+                                  &m[22], &m[23], &m[24], &m[25], &m[26], &m[27],
+                                  layup.data(), 0, name.data(), 0, options, &n, loads, rf,
+                                  where[0], where[1], where[2], message, 0, &ierr);
+  } else {
+    LAMINATE_STRENGTH(&m[0], &m[1], &m[2], &m[3], &m[4], &m[5], &m[6], &m[7], &m[8],
+                      &m[9], &m[10], &m[11], &m[12], &m[13], layup.data(), 0, name.data(),
+                      0, options, &n, loads, rf, where[0], where[1], where[2], message, 0,
+                      &ierr);
+  }
   Bytes out;
   append(out, rf, where, ierr, message);
   return out;
@@ -161,6 +174,8 @@ std::vector<std::function<Bytes()>> mixed_calls() {
       [=] { return strength("PUCK", -500); },
       [=] { return strength("TSAI_WU", 300); },
       [=] { return strength("TSAI_WU", nan); },
+      [=] { return strength("PUCK", -500, true); },
+      [=] { return strength("HOFFMAN", 200, true); },
   };
 }
 

@@ -1,6 +1,7 @@
-// LAMINATE_STRENGTH called through the built strength library, texts of exactly
-// their lengths on the heap and every output pre-filled with a sentinel, to see
-// what each call writes and what it leaves alone.
+// LAMINATE_STRENGTH and BI_MATERIAL_LAMINATE_STRENGTH called through the built
+// strength library, texts of exactly their lengths on the heap and every output
+// pre-filled with a sentinel, to see what each call writes and what it leaves
+// alone.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -18,11 +19,15 @@ namespace {
 using testing::layup_buffer;
 
 struct StrengthCall {
+  bool two = false;  // BI_MATERIAL_LAMINATE_STRENGTH, material 2 first a copy of 1
   LAMINA m = t300_5208();
   std::vector<float> v = {m.CPT, m.E1,  m.E2,  m.G12, m.v12, m.CTE1,   m.CTE2,
+                          m.F1t, m.F1c, m.F2t, m.F2c, m.F12, m.uetall, m.uecall,
+                          m.CPT, m.E1,  m.E2,  m.G12, m.v12, m.CTE1,   m.CTE2,
                           m.F1t, m.F1c, m.F2t, m.F2c, m.F12, m.uetall, m.uecall};
-  std::vector<char> layup = layup_buffer("(0/45/-45/90)S"),
+  std::vector<char> layup = layup_buffer("(0/45./-45/90)S"),
                     criterion = layup_buffer("", 32);
+  std::vector<float> options = {-0.5f, 0.35f, 0.30f};
   std::int32_t ncases = 3, ierr = 7777;
   std::vector<float> loads = {-500, 0,  40, 0, 0, 0, 0, 100, 200, -30, 5,
                               -20,  10, 0,  0, 0, 0, 0, 0,   0,   -100};
@@ -30,19 +35,35 @@ struct StrengthCall {
   std::vector<std::int32_t> ply = {7, 7, 7}, surface = ply, mode = ply;
   std::vector<char> message = std::vector<char>(CORVANE_STRENGTH_MESSAGE_LENGTH, '\x7f');
 
-  // The call, its argument `missing` (0-based, hidden lengths not counted) null.
+  // The call, its pointer argument `missing` (0-based, hidden lengths not
+  // counted) null.
   StrengthCall& run(std::string_view name, int missing = -1) {
-    static auto* const entry =
+    static auto* const one =
         library_under_test().entry<decltype(LAMINATE_STRENGTH)>("LAMINATE_STRENGTH");
+    static auto* const bi =
+        library_under_test().entry<decltype(BI_MATERIAL_LAMINATE_STRENGTH)>(
+            "BI_MATERIAL_LAMINATE_STRENGTH");
     name.copy(criterion.data(), name.size());
     const auto g = [missing](int i, auto* p) { return i == missing ? nullptr : p; };
     float* x = v.data();
-    entry(g(0, x), g(1, x + 1), g(2, x + 2), g(3, x + 3), g(4, x + 4), g(5, x + 5),
+    if (two) {
+      bi(g(0, x), g(1, x + 1), g(2, x + 2), g(3, x + 3), g(4, x + 4), g(5, x + 5),
+         g(6, x + 6), g(7, x + 7), g(8, x + 8), g(9, x + 9), g(10, x + 10), g(11, x + 11),
+         g(12, x + 12), g(13, x + 13), g(14, x + 14), g(15, x + 15), g(16, x + 16),
+         g(17, x + 17), g(18, x + 18), g(19, x + 19), g(20, x + 20), g(21, x + 21),
+         g(22, x + 22), g(23, x + 23), g(24, x + 24), g(25, x + 25), g(26, x + 26),
+         g(27, x + 27), g(28, layup.data()), 1, g(29, criterion.data()), 0,
+         g(30, options.data()), g(31, &ncases), g(32, loads.data()), g(33, rf.data()),
+         g(34, ply.data()), g(35, surface.data()), g(36, mode.data()),
+         g(37, message.data()), 3, g(38, &ierr));
+    } else {
+      one(g(0, x), g(1, x + 1), g(2, x + 2), g(3, x + 3), g(4, x + 4), g(5, x + 5),
           g(6, x + 6), g(7, x + 7), g(8, x + 8), g(9, x + 9), g(10, x + 10),
           g(11, x + 11), g(12, x + 12), g(13, x + 13), g(14, layup.data()), 1,
-          g(15, criterion.data()), 0, g(16, &ncases), g(17, loads.data()),
-          g(18, rf.data()), g(19, ply.data()), g(20, surface.data()), g(21, mode.data()),
-          g(22, message.data()), 3, g(23, &ierr));
+          g(15, criterion.data()), 0, g(16, options.data()), g(17, &ncases),
+          g(18, loads.data()), g(19, rf.data()), g(20, ply.data()), g(21, surface.data()),
+          g(22, mode.data()), g(23, message.data()), 3, g(24, &ierr));
+    }
     return *this;
   }
   std::string text() const { return {message.begin(), message.end()}; }
@@ -58,31 +79,50 @@ TEST(StrengthEntry, ManyCasesGiveTheCoreResults) {
       {{"tsai_wu\0xyz", 11}, 5}, {"  MTS", 31}, {"Puck", 9}};
   for (const auto& [name, code] : criteria) {
     const StrengthCall call = StrengthCall().run(name);
+    StrengthCall two{true};
+    two.v[14 + 1] = 2 * call.v[1];  // a stiffer material 2: other results
+    two.run(name);
     ASSERT_EQ(call.ierr, 0) << call.text();
     EXPECT_EQ(call.text(), std::string(CORVANE_STRENGTH_MESSAGE_LENGTH, ' '));
     std::vector<float> angles, rf(3);
-    std::vector<std::int32_t> ply(3), surface(3), mode(3);
-    parse_stacking_sequence("(0/45/-45/90)S", angles);
+    std::vector<std::int32_t> ply(3), surface(3), mode(3), materials;
+    parse_stacking_sequence("(0/45./-45/90)S", angles, &materials);
     ASSERT_TRUE(LAMINATESTRESSED(call.m, angles)
                     .strength_plan({&code, 1})
                     .evaluate(call.loads, {rf, ply, surface, mode})
                     .ok());
     EXPECT_TRUE(call.rf == rf && call.ply == ply && call.surface == surface &&
                 call.mode == mode);
+    LAMINA stiffer = call.m;
+    stiffer = new_lamina(stiffer.CPT, 2 * stiffer.E1, stiffer.E2, stiffer.G12,
+                         stiffer.v12, stiffer.uetall, stiffer.uecall);
+    stiffer.CTE1 = call.m.CTE1;
+    stiffer.CTE2 = call.m.CTE2;
+    stiffer.set_strengths(call.m.F1t, call.m.F1c, call.m.F12, call.m.F2t, call.m.F2c);
+    ASSERT_TRUE(LAMINATESTRESSED(call.m, stiffer, angles, materials)
+                    .strength_plan({&code, 1})
+                    .evaluate(call.loads, {rf, ply, surface, mode})
+                    .ok());
+    EXPECT_EQ(two.ierr, 0) << two.text();
+    EXPECT_TRUE(two.rf == rf && two.ply == ply && two.surface == surface &&
+                two.mode == mode);
+    EXPECT_NE(two.rf, call.rf);
   }
 }
 
 TEST(StrengthEntry, RefusalsWriteTheCodeAndReasonOnly) {
   const struct {
-    void (*change)(StrengthCall&);
+    void (*change)(StrengthCall&);  // of a call of BI_MATERIAL_LAMINATE_STRENGTH
     const char* criterion;
     std::int32_t code;
     const char* reason;
   } rows[] = {
       {[](StrengthCall& c) { c.v[2] = -10000; }, "PUCK", 1, "E2 = -10000 is negative"},
       {[](StrengthCall& c) { c.v[10] = -1; }, "PUCK", 1, "F2c = -1 is negative"},
-      {[](StrengthCall& c) { c.v[1] = c.v[2] = c.v[3] = 0; }, "PUCK", 2,
-       "Laminate in error"},
+      {[](StrengthCall& c) {
+         c.v[1] = c.v[2] = c.v[3] = c.v[15] = c.v[16] = c.v[17] = 0;
+       },
+       "PUCK", 2, "Laminate in error"},
       {[](StrengthCall& c) { c.layup = layup_buffer("(0/4x5)S"); }, "PUCK", 2,
        "at character 4: unreadable ply angle"},
       {[](StrengthCall&) {}, " Xsai_wu", 3, "criterion \"Xsai_wu\"."},
@@ -90,9 +130,13 @@ TEST(StrengthEntry, RefusalsWriteTheCodeAndReasonOnly) {
       {[](StrengthCall& c) { c.v[9] = 0; }, "PUCK", 5, "F2t missing (material 1"},
       {[](StrengthCall& c) { c.loads[17] = testing::kInf; }, "PUCK", 6, "Load case 3 "},
       {[](StrengthCall& c) { c.ncases = -1; }, "PUCK", 7, "-1 is negative"},
+      {[](StrengthCall& c) { c.options[0] = 1; }, "TSAI_WU", 9, "Option F12* out"},
+      {[](StrengthCall& c) { c.options[2] = -0.1f; }, "PUCK", 9, "Option p- out"},
+      {[](StrengthCall& c) { c.v[14 + 4] = -0.3f; }, "PUCK", 1, "material 2: v12 = -0.3"},
+      {[](StrengthCall& c) { c.v[14 + 11] = 0; }, "PUCK", 5, "F12 missing (material 2"},
   };
   for (const auto& row : rows) {
-    StrengthCall call;
+    StrengthCall call{true};
     row.change(call);
     const std::string text = call.run(row.criterion).text();
     EXPECT_EQ(call.ierr, row.code) << text;
@@ -104,10 +148,14 @@ TEST(StrengthEntry, RefusalsWriteTheCodeAndReasonOnly) {
 }
 
 TEST(StrengthEntry, NullPointerWritesOnlyTheErrorCode) {
-  for (int missing = 0; missing < 24; ++missing) {
-    const StrengthCall call = StrengthCall().run("PUCK", missing);
-    EXPECT_EQ(call.ierr, missing == 23 ? 7777 : -1) << missing;
-    EXPECT_TRUE(call.untouched() && call.text() == StrengthCall().text()) << missing;
+  for (const bool two : {false, true}) {
+    const int pointers = two ? 39 : 25;
+    for (int missing = 0; missing < pointers; ++missing) {
+      StrengthCall call{two};
+      call.run("PUCK", missing);
+      EXPECT_EQ(call.ierr, missing == pointers - 1 ? 7777 : -1) << missing;
+      EXPECT_TRUE(call.untouched() && call.text() == StrengthCall().text()) << missing;
+    }
   }
 }
 
