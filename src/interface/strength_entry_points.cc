@@ -180,17 +180,19 @@ void write_text(std::string_view text, char* buffer, std::size_t length) {
 void run(std::span<const Material> m, const char* layup, const char* criterion,
          const float* options, std::int32_t ncases, const float* loads,
          const Results& out, char* message, std::int32_t* ierr) {
-  Outcome outcome;
   try {
-    outcome = laminate_strength(m, host_text(layup, CORVANE_STRENGTH_LAYUP_LENGTH),
-                                host_text(criterion, CORVANE_STRENGTH_CRITERION_LENGTH),
-                                options, ncases, loads, out);
+    const Outcome outcome =
+        laminate_strength(m, host_text(layup, CORVANE_STRENGTH_LAYUP_LENGTH),
+                          host_text(criterion, CORVANE_STRENGTH_CRITERION_LENGTH),
+                          options, ncases, loads, out);
+    write_text(outcome.message, message, CORVANE_STRENGTH_MESSAGE_LENGTH);
+    *ierr = outcome.code;
   } catch (...) {
-    // Only an exhausted memory can get here, before any result was written.
-    outcome = {kOutOfMemory, "Error! Out of memory."};
+    // Only an exhausted memory can get here, before any result was written; the
+    // message is written from a literal, as nothing more can be allocated.
+    write_text("Error! Out of memory.", message, CORVANE_STRENGTH_MESSAGE_LENGTH);
+    *ierr = kOutOfMemory;
   }
-  write_text(outcome.message, message, CORVANE_STRENGTH_MESSAGE_LENGTH);
-  *ierr = outcome.code;
 }
 
 }  // namespace
