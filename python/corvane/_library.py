@@ -136,11 +136,8 @@ _STIFFNESS_RESULTS = [_I, _F, _F, _F, _F] + [_F] * 8 + [_I, c_char_p, c_int64, _
 
 # What follows the materials in the strength entry points: layup, criterion,
 # options, the load cases and their results, the message and the error code.
-_STRENGTH_REST = [c_char_p, c_int64, c_char_p, c_int64, _F, _I, _F, _F, _I, _I, _I] + [
-    c_char_p,
-    c_int64,
-    _I,
-]
+_STRENGTH_REST = [c_char_p, c_int64, c_char_p, c_int64, _F, _I, _F]
+_STRENGTH_REST += [_F, _I, _I, _I, c_char_p, c_int64, _I]
 _PROTOTYPES = {
     "LAMINATE_STIFFNESS": [_F] * 7 + [c_char_p, c_int64] + _STIFFNESS_RESULTS,
     "BI_MATERIAL_LAMINATE_STIFFNESS": [_F] * 14

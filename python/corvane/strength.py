@@ -88,9 +88,9 @@ def laminate_strength(
     uecall); or a pair of them for a laminate of two materials, whose layup
     marks plies of the second with a trailing "." (as
     bi_material_laminate_stiffness). layup: the stacking sequence, as for
-    laminate_stiffness. loads: the load cases, an array of shape (..., 7) of Nx, Ny, Nxy, Mx, My,
-    Mxy, dT (one case: shape (7,)), or columns by those names (a dict or a
-    data frame; a missing column is 0). criterion: TSAI_HILL, TSAI_WU,
+    laminate_stiffness. loads: the load cases, an array of shape (..., 7) of
+    Nx, Ny, Nxy, Mx, My, Mxy, dT (one case: shape (7,)), or columns by those
+    names (a dict or a data frame; a missing column is 0). criterion: TSAI_HILL, TSAI_WU,
     HOFFMAN, YAMADA_SUN, PUCK, MAX_STRAIN_I or MAX_TRUNCATED_STRAIN (MTS).
     f12_star: Tsai-Wu's normalised interaction term, in (-1, 1). puck: Puck's
     inclination parameters (p+, p-), each in [0, 1); PUCK_GLASS for glass.
