@@ -335,6 +335,12 @@ void LAMINA::set_by_key(std::span<const std::pair<std::string_view, float>> pair
   }
 }
 
+bool is_property_key(std::string_view key) {
+  const std::string normalized = normalize_keyword(key);
+  return std::any_of(std::begin(kPropertyKeys), std::end(kPropertyKeys),
+                     [&](const PropertyKey& p) { return p.key == normalized; });
+}
+
 std::string LAMINA::print_short() const {
   if (status != 0) return "Error! Not valid lamina material.\n";
   return pad_or_cut(Name, 20) + row({{CPT, 6, 3},

@@ -98,6 +98,9 @@ struct LAMINA {
   void set_by_key(std::span<const std::pair<std::string_view, float>> pairs);
 };
 
+// Whether set_by_key knows the key (compared as set_by_key compares it).
+bool is_property_key(std::string_view key);
+
 // Builds a ply material. An allowable below 1.0 is a strain, otherwise a
 // stress. The result has status -1 when CPT < 1.0e-5 or any input is negative.
 // Without is_fabric, near-equal E1 and E2 (above 1.0) mark a fabric.
