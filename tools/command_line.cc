@@ -106,6 +106,16 @@ void LaminateOptions::add_to(CLI::App& app) {
         "Second ply material, for plies written with a trailing \".\" "
         "(each value defaults to the first material's)");
   }
+  name_options_[0] =
+      app.add_option("--material", names_[0],
+                     "the ply material of that name in the material data files")
+          ->type_name("NAME")
+          ->group("Material data files");
+  name_options_[1] =
+      app.add_option("--material2", names_[1], "the second ply material, by name")
+          ->type_name("NAME")
+          ->group("Material data files");
+  lookup_.add_to(app);
   layup_option_ =
       app.add_option("layup,--layup", layup_,
                      "stacking sequence (default " + std::string(kDefaultLayup) +
@@ -116,6 +126,8 @@ void LaminateOptions::add_to(CLI::App& app) {
 bool LaminateOptions::any_given() const { return !first_given().empty(); }
 
 std::string LaminateOptions::first_given() const {
+  if (given(name_options_[0])) return "--material";
+  if (given(name_options_[1])) return "--material2";
   for (std::size_t k = 0; k < kMaterialFields.size(); ++k) {
     if (given(first_[k])) return option_name("", kMaterialFields[k]);
     if (given(second_[k])) return option_name("m2-", kMaterialFields[k]);
@@ -123,8 +135,18 @@ std::string LaminateOptions::first_given() const {
   return given(layup_option_) ? "the layup " + layup_ : std::string();
 }
 
+const MaterialEntry* LaminateOptions::named(int material) const {
+  const std::string& name = names_[material == 2 ? 1 : 0];
+  return name.empty() ? nullptr : &lookup_.find(name);
+}
+
+PlyMaterial ply_material(const LAMINA& m) {
+  return {m.CPT, m.E1, m.E2, m.G12, m.v12, m.CTE1, m.CTE2};
+}
+
 PlyMaterial LaminateOptions::material() const {
-  PlyMaterial m = kBuiltInTape;
+  const MaterialEntry* entry = named(1);
+  PlyMaterial m = entry ? ply_material(entry->lamina) : kBuiltInTape;
   for (std::size_t k = 0; k < kMaterialFields.size(); ++k) {
     if (given(first_[k])) m.*kMaterialFields[k].value = real_value(first_text_[k]);
   }
@@ -132,8 +154,9 @@ PlyMaterial LaminateOptions::material() const {
 }
 
 std::optional<PlyMaterial> LaminateOptions::second_material() const {
-  bool wanted = uses_second_material(layup_);
-  PlyMaterial m = material();
+  const MaterialEntry* entry = named(2);
+  bool wanted = entry != nullptr || uses_second_material(layup_);
+  PlyMaterial m = entry ? ply_material(entry->lamina) : material();
   for (std::size_t k = 0; k < kMaterialFields.size(); ++k) {
     if (given(second_[k])) {
       m.*kMaterialFields[k].value = real_value(second_text_[k]);
@@ -155,6 +178,11 @@ StiffnessResult LaminateOptions::compute() const {
 Json LaminateOptions::describe() const {
   Json materials = Json::array({material_json(material())});
   if (const auto second = second_material()) materials.push_back(material_json(*second));
+  for (int k = 0; k < 2 && k < static_cast<int>(materials.size()); ++k) {
+    if (const MaterialEntry* entry = named(k + 1)) {
+      materials[k]["name"] = entry->lamina.Name;
+    }
+  }
   return Json{{"layup", layup_}, {"materials", materials}};
 }
 

@@ -13,6 +13,7 @@
 #include <string_view>
 
 #include "laminate_call.h"
+#include "material_lookup.h"
 
 namespace corvane::cli {
 
@@ -43,8 +44,9 @@ Matrix matrix_value(const std::string& text);
 
 bool given(const CLI::Option* option);
 
-// The ply material options (--t ... --cte2 for the first material, --m2-t ...
-// --m2-cte2 for the second) and the layup, positional or --layup.
+// The ply material options (--material NAME or --t ... --cte2 for the first
+// material, --material2 NAME or --m2-t ... --m2-cte2 for the second; a value
+// given overrides the named material's) and the layup, positional or --layup.
 class LaminateOptions {
  public:
   void add_to(CLI::App& app);
@@ -55,6 +57,10 @@ class LaminateOptions {
   std::string first_given() const;
 
   const std::string& layup() const { return layup_; }
+  // The named material 1 or 2 (--material, --material2), or null; throws
+  // MaterialDataError for a faulty file or an unknown name.
+  const MaterialEntry* named(int material) const;
+  const MaterialLookup& lookup() const { return lookup_; }
   PlyMaterial material() const;
   // The second material, when the layup has a ply of it or a --m2- option was
   // given; values not given are those of the first material.
@@ -71,7 +77,13 @@ class LaminateOptions {
   std::array<CLI::Option*, 7> first_{}, second_{};
   std::string layup_{kDefaultLayup};
   CLI::Option* layup_option_ = nullptr;
+  std::array<std::string, 2> names_;
+  std::array<CLI::Option*, 2> name_options_{};
+  MaterialLookup lookup_;
 };
+
+// A named material's seven values.
+PlyMaterial ply_material(const LAMINA& m);
 
 // What went wrong in a stiffness computation, in words (without the code).
 std::string stiffness_failure(const StiffnessResult& result,

@@ -1,7 +1,12 @@
 // corvane stiffness: [A], [B], [D], [D*], the apparent constants and the bulk
 // data cards of a laminate.
+#include <cstring>
 #include <fstream>
 #include <ostream>
+
+#include "laminates/stacking_sequence.h"
+#include "laminates_stiffness/laminate_stiffness.h"
+#include "reports/laminate_report.h"
 
 #include "command_line.h"
 #include "commands.h"
@@ -9,6 +14,37 @@
 
 namespace corvane::cli {
 namespace {
+
+// The named material's record, or, when a value on the command line replaces
+// one of it or no material is named, a material built from the seven values as
+// the stiffness entry points build it (allowables of 1000).
+LAMINA report_lamina(const PlyMaterial& m, const MaterialEntry* named, const char* name) {
+  if (named) {
+    const PlyMaterial own = ply_material(named->lamina);
+    if (std::memcmp(&own, &m, sizeof m) == 0) return named->lamina;
+  }
+  LAMINA l = new_lamina(m.t, m.e1, m.e2, m.g12, m.nu12, 1000.0f, 1000.0f,
+                        named ? std::string_view(named->lamina.Name) : name);
+  l.CTE1 = m.cte1;
+  l.CTE2 = m.cte2;
+  return l;
+}
+
+// The laminate report and its summary line, from the core's laminate: the
+// computation is the entry points' own, so the numbers are theirs.
+std::string laminate_report_text(const LaminateOptions& options) {
+  std::vector<float> angles;
+  std::vector<std::int32_t> material_index;
+  parse_stacking_sequence(options.layup(), angles, &material_index);
+  const LAMINA m1 = report_lamina(options.material(), options.named(1), "material 1");
+  const std::optional<PlyMaterial> second = options.second_material();
+  const LAMINATESTIFFNESS laminate =
+      second
+          ? LAMINATESTIFFNESS(m1, report_lamina(*second, options.named(2), "material 2"),
+                              angles, material_index, options.layup())
+          : LAMINATESTIFFNESS(m1, angles, options.layup());
+  return laminate_report(laminate) + "\n" + laminate_summary(laminate, true);
+}
 
 class StiffnessCommand : public Command {
  public:
@@ -21,11 +57,15 @@ class StiffnessCommand : public Command {
                      "write the bulk data cards (MAT8, PCOMP, MAT2; CR LF line ends) to "
                      "FILE")
         ->type_name("FILE");
+    app_->add_flag("--report", report_,
+                   "print the laminate report (materials, stacking, apparent constants, "
+                   "matrices) and its summary line instead");
     app_->add_flag("--json", json_, "print the results as JSON");
     app_->footer(
         "Examples:\n"
         "  corvane stiffness\n"
         "  corvane stiffness \"(0/90)2S\" --e1 140000 --cards laminate.bdf\n"
+        "  corvane stiffness \"(0/45/-45/90)S\" --material T300/5208 --report\n"
         "  corvane stiffness \"(0/45./-45./90)S\" --m2-t 0.2 --m2-e1 60000 --m2-e2 "
         "60000");
   }
@@ -69,6 +109,11 @@ class StiffnessCommand : public Command {
       }
     }
     if (o.json()) return o.finish();
+    if (report_) {
+      out << laminate_report_text(laminate_);
+      if (!cards_file_.empty()) out << "\nCards written to " << cards_file_ << '\n';
+      return kExitOk;
+    }
 
     out << "Laminate " << laminate_.layup() << ": " << r.plies << " plies, "
         << (r.symmetric ? "symmetric" : "not symmetric") << '\n';
@@ -98,6 +143,7 @@ class StiffnessCommand : public Command {
   CLI::App* app_ = nullptr;
   LaminateOptions laminate_;
   std::string cards_file_;
+  bool report_ = false;
   bool json_ = false;
 };
 

@@ -382,13 +382,22 @@ class StrengthCommand : public Command {
       return o.fail(stiffness.error_code, stiffness_error_meaning(stiffness.error_code),
                     stiffness_failure(stiffness, laminate_));
     }
-    const PlyStrengths s1 = strengths(first_text_, first_, built_in_strengths());
+    // A named material brings its strengths and allowable strains; options
+    // given replace them.
+    const auto named_strengths = [this](int material, PlyStrengths otherwise) {
+      const MaterialEntry* e = laminate_.named(material);
+      if (!e) return otherwise;
+      const LAMINA& m = e->lamina;
+      return PlyStrengths{m.F1t, m.F1c, m.F2t, m.F2c, m.F12, m.uetall, m.uecall};
+    };
+    const PlyStrengths s1 =
+        strengths(first_text_, first_, named_strengths(1, built_in_strengths()));
     // A --m2- strength asks for material 2 as a --m2- modulus does.
     std::optional<PlyMaterial> m2 = laminate_.second_material();
     if (!m2 && std::any_of(second_.begin(), second_.end(), given)) {
       m2 = laminate_.material();
     }
-    const PlyStrengths s2 = strengths(second_text_, second_, s1);
+    const PlyStrengths s2 = strengths(second_text_, second_, named_strengths(2, s1));
     for (const auto& [prefix, s] : {std::pair{"", s1}, std::pair{"material 2: ", s2}}) {
       if (std::string what = negative_strength(s); !what.empty()) {
         return o.fail(1, stiffness_error_meaning(1), prefix + what);
@@ -405,6 +414,9 @@ class StrengthCommand : public Command {
     Json& materials = data["materials"] = Json::array();
     for (std::size_t m = 0; m < laminate.materials.size(); ++m) {
       materials.push_back(material_json(m == 0 ? laminate_.material() : *m2));
+      if (const MaterialEntry* e = laminate_.named(static_cast<int>(m) + 1)) {
+        materials.back()["name"] = e->lamina.Name;
+      }
       for (const StrengthField& f : kStrengthFields) {
         materials.back()[std::string(f.label)] =
             json_real(laminate.materials[m].*f.member);
