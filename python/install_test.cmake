@@ -21,6 +21,8 @@ file(COPY "${PACKAGE_DIR}/pyproject.toml" "${PACKAGE_DIR}/setup.py" "${PACKAGE_D
 file(COPY "${PACKAGE_DIR}/../CMakeLists.txt" DESTINATION "${WORK_DIR}/source")
 file(COPY_FILE "${LIBRARY}" "${source}/corvane/libcorvane.so.0")
 file(COPY_FILE "${STRENGTH_LIBRARY}" "${source}/corvane/libcorvane_strength.so.0")
+# The installed materials travel with the package too.
+file(COPY "${PACKAGE_DIR}/../materials/" DESTINATION "${source}/corvane/materials")
 
 set(venv "${WORK_DIR}/venv")
 run("${PYTHON}" -m venv --system-site-packages "${venv}")

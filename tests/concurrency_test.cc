@@ -30,8 +30,9 @@ struct Ply {
   float t, e1, e2, g12, nu12, cte1, cte2;
 };
 
-std::vector<char> layup_buffer(const std::string& text) {
-  std::vector<char> buffer(CORVANE_LAYUP_LENGTH, ' ');
+std::vector<char> layup_buffer(const std::string& text,
+                               std::size_t size = CORVANE_LAYUP_LENGTH) {
+  std::vector<char> buffer(size, ' ');
   std::memcpy(buffer.data(), text.data(), std::min(text.size(), buffer.size()));
   return buffer;
 }
@@ -137,6 +138,30 @@ Bytes strength(const std::string& criterion, float nx, bool two = false) {
   return out;
 }
 
+// A material by name from the installed materials (or a name not found), and
+// the list of names.
+Bytes material(const std::string& wanted) {
+  auto name = layup_buffer(wanted, CORVANE_MATERIAL_NAME_LENGTH),
+       places = layup_buffer("", CORVANE_MATERIAL_PLACES_LENGTH),
+       installed = layup_buffer(CORVANE_MATERIALS_DIR, CORVANE_MATERIAL_PATH_LENGTH),
+       found = layup_buffer("", CORVANE_MATERIAL_NAME_LENGTH),
+       file = layup_buffer("", CORVANE_MATERIAL_PATH_LENGTH),
+       names = layup_buffer("", CORVANE_MATERIAL_NAMES_LENGTH);
+  float values[CORVANE_MATERIAL_VALUES] = {};
+  int32_t fabric = 7, line = 7, count = 7, ierr = 7, list_ierr = 7;
+  char message[CORVANE_STRENGTH_MESSAGE_LENGTH];
+  MATERIAL_DATA(name.data(), 0, places.data(), 0, installed.data(), 0, values, &fabric,
+                found.data(), 0, file.data(), 0, &line, message, 0, &ierr);
+  Bytes out;
+  append(out, values, fabric, line, ierr, message);
+  MATERIAL_NAMES(places.data(), 0, installed.data(), 0, &count, names.data(), 0, message,
+                 0, &list_ierr);
+  append(out, count, list_ierr, message);
+  out.insert(out.end(), found.begin(), found.end());
+  out.insert(out.end(), names.begin(), names.end());
+  return out;
+}
+
 std::vector<std::function<Bytes()>> mixed_calls() {
   const Ply carbon{0.125f, 135000.0f, 10000.0f, 5000.0f, 0.3f, -0.3e-6f, 28e-6f};
   const Ply glass{0.2f, 70000.0f, 70000.0f, 5000.0f, 0.05f, 2e-6f, 2e-6f};
@@ -176,6 +201,8 @@ std::vector<std::function<Bytes()>> mixed_calls() {
       [=] { return strength("TSAI_WU", nan); },
       [=] { return strength("PUCK", -500, true); },
       [=] { return strength("HOFFMAN", 200, true); },
+      [=] { return material("Scotchply 1002"); },
+      [=] { return material("T300/5280"); },
   };
 }
 

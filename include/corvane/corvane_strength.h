@@ -147,6 +147,76 @@ CORVANE_STRENGTH_API void BI_MATERIAL_LAMINATE_STRENGTH(
     const float* loads, float* rf, int32_t* ply, int32_t* surface, int32_t* mode,
     char* message, int64_t message_length, int32_t* ierr);
 
+/* Lengths of the texts of the material data entry points. */
+#define CORVANE_MATERIAL_NAME_LENGTH 80
+#define CORVANE_MATERIAL_PLACES_LENGTH 4000
+#define CORVANE_MATERIAL_PATH_LENGTH 1000
+#define CORVANE_MATERIAL_NAMES_LENGTH 10000
+/* Values of a ply material, in the order of LAMINATE_STRENGTH's arguments. */
+#define CORVANE_MATERIAL_VALUES 14
+
+/*
+ * MATERIAL_DATA: a ply material by name from the material data files (the
+ * format is in docs/materials.md). The places are searched in this order: the
+ * caller's `places`, the directory named by the environment variable
+ * BASES_DATOS, each directory on PATH, then `installed`; every "*.mat" file of
+ * a directory is read, and a name found in two places is taken from the first.
+ * Any fault in any file read refuses the call, so that a broken file is fixed
+ * rather than passed over.
+ *
+ * name, name_length      the material's name (80 characters); letter case and
+ *                        surrounding blanks ignored
+ * places, places_length  files or directories searched first, separated by
+ *                        line feeds (4000 characters); blank for none. Each
+ *                        must exist.
+ * installed, installed_length
+ *                        the directory of the materials installed with
+ *                        Corvane, searched last (1000 characters); blank for
+ *                        none
+ * values                 out, 14 floats: t, E1, E2, G12, nu12, CTE1, CTE2,
+ *                        F1t, F1c, F2t, F2c, F12, uetall, uecall, ready to pass
+ *                        to LAMINATE_STRENGTH (the first seven to the
+ *                        stiffness entry points of corvane.h)
+ * fabric                 out: -1 a woven fabric, 0 a tape
+ * found_name, found_name_length
+ *                        out: the name as the file writes it, 80 characters
+ * file, file_length      out: the file it was read from, 1000 characters
+ * line                   out: the line of its MATERIAL line in that file
+ * message, message_length
+ *                        out: the reason of a refusal, one "Error! ..." line,
+ *                        200 characters; all blanks on success
+ * ierr                   out: 0 found; 1 faulty material data (the first
+ *                        fault, as "file:line: what"); 2 no material of that
+ *                        name (the message names up to three nearest names);
+ *                        3 memory exhausted.
+ * On error only ierr and message are written.
+ */
+CORVANE_STRENGTH_API void MATERIAL_DATA(const char* name, int64_t name_length,
+                                        const char* places, int64_t places_length,
+                                        const char* installed, int64_t installed_length,
+                                        float* values, int32_t* fabric, char* found_name,
+                                        int64_t found_name_length, char* file,
+                                        int64_t file_length, int32_t* line, char* message,
+                                        int64_t message_length, int32_t* ierr);
+
+/*
+ * MATERIAL_NAMES: the names of every material of the material data files,
+ * each once, searched as MATERIAL_DATA searches them, sorted with letter case
+ * ignored.
+ *
+ * places, installed      as for MATERIAL_DATA
+ * count                  out: the number of names
+ * names, names_length    out: the names, each followed by a line feed, blank
+ *                        padded to 10000 characters; the names that do not fit
+ *                        whole are left out (count still counts them)
+ * message, ierr          as for MATERIAL_DATA (codes 0, 1 and 3).
+ */
+CORVANE_STRENGTH_API void MATERIAL_NAMES(const char* places, int64_t places_length,
+                                         const char* installed, int64_t installed_length,
+                                         int32_t* count, char* names,
+                                         int64_t names_length, char* message,
+                                         int64_t message_length, int32_t* ierr);
+
 #ifdef __cplusplus
 }
 #endif

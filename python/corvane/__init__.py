@@ -14,6 +14,9 @@ Corvane shared libraries in single precision.
     failure = corvane.laminate_stiffness(tape, "(0/45/-45/90)2S").strength(
         [[-500, 0, 0, 0, 0, 0, 0], [0, 0, 0, 0, 0, 0, -120]], criterion="PUCK")
 
+    t300 = corvane.Material.load("T300/5208")   # from the material data files
+    names = corvane.materials()
+
 The library is found through the environment variable CORVANE_LIBRARY (a
 path), next to this package, or on the system's library path; the strength
 library (corvane_strength) through CORVANE_STRENGTH_LIBRARY, else beside the
@@ -43,6 +46,7 @@ from .laminate import (
     laminate_stiffness,
     strains_in_plane,
 )
+from .material_data import Material, installed_materials, materials
 from .strength import (
     FAILURE_MODES,
     LOAD_NAMES,
@@ -68,14 +72,17 @@ __all__ = [
     "InPlaneStrains",
     "LaminateStiffness",
     "LibraryError",
+    "Material",
     "PlateBucklingLoads",
     "Ply",
     "ShellBucklingLoads",
     "StrengthResult",
     "bi_material_laminate_stiffness",
     "laminate_stiffness",
+    "installed_materials",
     "laminate_strength",
     "library_path",
+    "materials",
     "plate_buckling_loads",
     "plate_buckling_rf",
     "shell_buckling_loads",

@@ -39,6 +39,13 @@ STRENGTH_ENVIRONMENT_VARIABLE = "CORVANE_STRENGTH_LIBRARY"
 CRITERION_LENGTH = 32
 MESSAGE_LENGTH = 200
 
+# Lengths of the material data entry points' texts, and their values.
+MATERIAL_NAME_LENGTH = 80
+MATERIAL_PLACES_LENGTH = 4000
+MATERIAL_PATH_LENGTH = 1000
+MATERIAL_NAMES_LENGTH = 10000
+MATERIAL_VALUES = 14
+
 _PACKAGE_DIR = pathlib.Path(__file__).resolve().parent
 
 
@@ -149,9 +156,17 @@ _PROTOTYPES = {
     "LAMINATE_SHELL_BUCKLING_LOADS": [_F] * 9 + [_I],
     "LAMINATE_STRENGTH": [_F] * 14 + _STRENGTH_REST,
     "BI_MATERIAL_LAMINATE_STRENGTH": [_F] * 28 + _STRENGTH_REST,
+    "MATERIAL_DATA": [c_char_p, c_int64] * 3
+    + [_F, _I, c_char_p, c_int64, c_char_p, c_int64, _I, c_char_p, c_int64, _I],
+    "MATERIAL_NAMES": [c_char_p, c_int64] * 2 + [_I, c_char_p, c_int64, c_char_p, c_int64, _I],
 }
 # The entry points of the strength library; the others are of the first.
-_STRENGTH_ENTRY_POINTS = {"LAMINATE_STRENGTH", "BI_MATERIAL_LAMINATE_STRENGTH"}
+_STRENGTH_ENTRY_POINTS = {
+    "LAMINATE_STRENGTH",
+    "BI_MATERIAL_LAMINATE_STRENGTH",
+    "MATERIAL_DATA",
+    "MATERIAL_NAMES",
+}
 
 
 @functools.cache

@@ -306,10 +306,17 @@ MaterialCatalog::MaterialCatalog(std::span<const MaterialPlace> places) {
     std::error_code error;
     if (std::filesystem::is_directory(place.path, error)) {
       std::vector<std::filesystem::path> files;
-      for (const auto& item : std::filesystem::directory_iterator(place.path, error)) {
-        if (is_material_file(item.path()) && item.is_regular_file(error)) {
-          files.push_back(item.path());
+      // The error-code forms throughout: a directory that cannot be listed is
+      // a fault of its own, never an exception.
+      std::filesystem::directory_iterator item(place.path, error), end;
+      for (; !error && item != end; item.increment(error)) {
+        if (is_material_file(item->path()) && item->is_regular_file(error)) {
+          files.push_back(item->path());
         }
+      }
+      if (error) {
+        faults_.push_back({place.path.string(), 0, "cannot be listed"});
+        continue;
       }
       std::sort(files.begin(), files.end());
       for (const auto& file : files) add(read_material_file(file));
