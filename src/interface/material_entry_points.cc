@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "corvane/corvane_strength.h"
+#include "interface/host_texts.h"
 #include "interface/null_arguments.h"
 #include "material_files/material_file.h"
 
@@ -17,11 +18,6 @@ namespace corvane {
 namespace {
 
 enum Code : std::int32_t { kOk = 0, kFaultyData = 1, kNotFound = 2, kOutOfMemory = 3 };
-
-std::string_view host_text(const char* buffer, std::size_t length) {
-  const std::string_view text(buffer, length);
-  return text.substr(0, text.find('\0'));
-}
 
 std::string_view trimmed(std::string_view s) {
   while (!s.empty() && (s.front() == ' ' || s.front() == '\t' || s.front() == '\r')) {
@@ -31,12 +27,6 @@ std::string_view trimmed(std::string_view s) {
     s.remove_suffix(1);
   }
   return s;
-}
-
-void write_text(std::string_view text, char* buffer, std::size_t length) {
-  const std::size_t n = std::min(text.size(), length);
-  std::memcpy(buffer, text.data(), n);
-  std::memset(buffer + n, ' ', length - n);
 }
 
 // The catalog of the host's places, the environment's and the installed ones.

@@ -15,6 +15,7 @@
 #include <vector>
 
 #include "corvane/corvane_strength.h"
+#include "interface/host_texts.h"
 #include "interface/null_arguments.h"
 #include "laminas/criterion_code.h"
 #include "laminas/lamina.h"
@@ -54,13 +55,6 @@ struct Results {
   float* rf;
   std::int32_t *ply, *surface, *mode;
 };
-
-// A text of the host read at its fixed length, ended early by a C host's zero
-// byte.
-std::string_view host_text(const char* buffer, std::size_t length) {
-  const std::string_view text(buffer, length);
-  return text.substr(0, text.find('\0'));
-}
 
 std::string shortest(float x) {
   std::array<char, 32> digits{};
@@ -167,13 +161,6 @@ Outcome laminate_strength(std::span<const Material> m, std::string_view layup,
   outputs.mode = {out.mode, n};
   const StrengthStatus status = plan.evaluate({loads, n * kLoadCaseValues}, outputs);
   return {code_of(status.error), status.message()};
-}
-
-// Exactly `length` characters: the text cut or blank padded.
-void write_text(std::string_view text, char* buffer, std::size_t length) {
-  const std::size_t n = std::min(text.size(), length);
-  std::memcpy(buffer, text.data(), n);
-  std::memset(buffer + n, ' ', length - n);
 }
 
 // Runs the analysis and writes its outcome: no exception leaves here.
