@@ -34,19 +34,20 @@ class StiffnessSource {
     d_ = add_matrix_option(app, "--D", d_text_, "bending stiffness [D]")->group(group);
     if (shell) {
       a_ = add_matrix_option(app, "--A", a_text_, "membrane stiffness [A]")->group(group);
-      h_ = add_real_option(app, "--h,--thickness", h_text_, "wall thickness")
-               ->group(group);
+      h_ = add_real_option(app, "--thickness", h_text_, "wall thickness")->group(group);
+      // The thickness was --h, which read like -h for help; the old spelling
+      // stays, hidden, for one version.
+      old_h_ = add_real_option(app, "--h", old_h_text_, "")->group("");
     }
     laminate_.add_to(app);
   }
 
-  bool any_given() const {
-    return given(d_) || given(a_) || given(h_) || laminate_.any_given();
-  }
+  bool any_given() const { return direct() || laminate_.any_given(); }
   std::string first_given() const {
     if (given(d_)) return "--D";
     if (given(a_)) return "--A";
-    if (given(h_)) return "--h";
+    if (given(h_)) return "--thickness";
+    if (given(old_h_)) return "--h";
     return laminate_.first_given();
   }
 
@@ -54,10 +55,13 @@ class StiffnessSource {
   // then been reported through `o`.
   std::optional<Values> get(Output& o) const {
     Values v;
-    const bool direct = given(d_) || given(a_) || given(h_);
-    if (direct) {
-      if (shell_ && !(given(d_) && given(a_) && given(h_))) {
-        throw UsageError{"give all of --A, --D and --h, or none"};
+    if (given(h_) && given(old_h_)) {
+      throw UsageError{"give --thickness once (--h is its old name)"};
+    }
+    const bool thickness = given(h_) || given(old_h_);
+    if (direct()) {
+      if (shell_ && !(given(d_) && given(a_) && thickness)) {
+        throw UsageError{"give all of --A, --D and --thickness, or none"};
       }
       if (laminate_.any_given()) {
         throw UsageError{
@@ -67,13 +71,15 @@ class StiffnessSource {
       v.d = matrix_value(d_text_);
       if (shell_) {
         v.a = matrix_value(a_text_);
-        v.h = real_value(h_text_);
+        v.h = real_value(given(h_) ? h_text_ : old_h_text_);
+        o.input()["a_matrix"] = matrix_json(v.a);
+        o.input()["thickness"] = json_real(v.h);
       }
+      o.input()["d_matrix"] = matrix_json(v.d);
     } else {
+      o.input()["laminate"] = laminate_.describe();
       const StiffnessResult r = laminate_.compute();
-      Json laminate = laminate_.describe();
-      laminate["entry_point"] = r.entry_point;
-      o.data()["laminate"] = laminate;
+      o.entry_point(r.entry_point);
       if (r.error_code != 0) {
         o.fail(r.error_code, stiffness_error_meaning(r.error_code),
                stiffness_failure(r, laminate_));
@@ -84,10 +90,10 @@ class StiffnessSource {
       v.h = r.h;
     }
     if (shell_) {
-      o.data()["A"] = matrix_json(v.a);
-      o.data()["h"] = json_real(v.h);
+      o.results()["a_matrix"] = matrix_json(v.a);
+      o.results()["thickness"] = json_real(v.h);
     }
-    o.data()["D"] = matrix_json(v.d);
+    o.results()["d_matrix"] = matrix_json(v.d);
     return v;
   }
 
@@ -98,9 +104,11 @@ class StiffnessSource {
   }
 
  private:
+  bool direct() const { return given(d_) || given(a_) || given(h_) || given(old_h_); }
+
   bool shell_ = false;
-  std::string d_text_, a_text_, h_text_;
-  CLI::Option *d_ = nullptr, *a_ = nullptr, *h_ = nullptr;
+  std::string d_text_, a_text_, h_text_, old_h_text_;
+  CLI::Option *d_ = nullptr, *a_ = nullptr, *h_ = nullptr, *old_h_ = nullptr;
   LaminateOptions laminate_;
 };
 
@@ -120,6 +128,12 @@ std::string no_plate_load_reason(const Matrix& d, float a, float b) {
     if (!(value > 0.0f)) return not_positive(name, value);
   }
   return "the half-wave search did not converge";
+}
+
+void critical_loads_json(Json& j, const float loads[3]) {
+  j["n_x_cr"] = json_real(loads[0]);
+  j["n_y_cr"] = json_real(loads[1]);
+  j["n_xy_cr"] = json_real(loads[2]);
 }
 
 // The plate's dimensions and critical loads.
@@ -145,14 +159,9 @@ struct Plate {
     loads[0] = loads[1] = loads[2] = 0.0f;
     LAMINATE_RECTANGULAR_SS_BUCKLING_LOADS(d.data(), &length, &width, &loads[0],
                                            &loads[1], &loads[2], &ierr);
-    Json& data = o.data();
-    data["a"] = json_real(length);
-    data["b"] = json_real(width);
-    data["loads_entry_point"] = "LAMINATE_RECTANGULAR_SS_BUCKLING_LOADS";
-    data["loads_error_code"] = ierr;
-    data["Nxcr"] = json_real(loads[0]);
-    data["Nycr"] = json_real(loads[1]);
-    data["Nxycr"] = json_real(loads[2]);
+    o.input()["plate"] = {{"length", json_real(length)}, {"width", json_real(width)}};
+    o.entry_point("LAMINATE_RECTANGULAR_SS_BUCKLING_LOADS");
+    critical_loads_json(o.results(), loads);
   }
 
   // The loads that came out zero and why, or an empty text.
@@ -167,9 +176,6 @@ struct Plate {
            no_plate_load_reason(d, real_value(a_text), real_value(b_text));
   }
 };
-
-constexpr std::string_view kPlateLoadsMeaning =
-    "the loads entry point reports none; a load of 0 was not found";
 
 void print_critical_loads(std::ostream& out, const float loads[3]) {
   print_value(out, "Nx,cr", loads[0], 6);
@@ -207,7 +213,6 @@ class PlateBucklingCommand : public Command {
     float loads[3];
     std::int32_t ierr = 0;
     plate_.critical_loads(o, stiffness->d, loads, ierr);
-    o.data()["error_code"] = ierr;
     if (!o.json()) {
       out << "Plate a = " << plate_.a_text << ", b = " << plate_.b_text << ", [D] "
           << stiffness_.origin() << "\n\n";
@@ -215,8 +220,10 @@ class PlateBucklingCommand : public Command {
       out << '\n';
       print_critical_loads(out, loads);
     }
+    // The loads entry point reports nothing of its own: a load of 0 is one not
+    // found.
     if (const std::string what = plate_.zero_loads(stiffness->d, loads); !what.empty()) {
-      return o.fail(ierr, kPlateLoadsMeaning, what);
+      return o.fail_plain(what);
     }
     return o.finish();
   }
@@ -264,10 +271,9 @@ class ReserveFactorCommand : public Command {
     for (int k = 0; k < 3; ++k) {
       applied[k] = applied_text_[k].empty() ? 0.0f : real_value(applied_text_[k]);
     }
-    Json& data = o.data();
-    data["Nx"] = json_real(applied[0]);
-    data["Ny"] = json_real(applied[1]);
-    data["Nxy"] = json_real(applied[2]);
+    o.input()["loads"] = {{"n_x", json_real(applied[0])},
+                          {"n_y", json_real(applied[1])},
+                          {"n_xy", json_real(applied[2])}};
     std::optional<StiffnessSource::Values> stiffness;
     int critical_given = 0;
     for (const CLI::Option* option : critical_) critical_given += given(option) ? 1 : 0;
@@ -281,6 +287,7 @@ class ReserveFactorCommand : public Command {
         throw UsageError{"the critical loads replace the plate: drop " + clash};
       }
       for (int k = 0; k < 3; ++k) critical[k] = real_value(critical_text_[k]);
+      critical_loads_json(o.input()["critical_loads"], critical);
     } else {
       if (!given(plate_.a) || !given(plate_.b)) {
         throw UsageError{
@@ -297,10 +304,8 @@ class ReserveFactorCommand : public Command {
     LAMINATE_RECTANGULAR_SS_BUCKLING_RF(&applied[0], &applied[1], &applied[2],
                                         &critical[0], &critical[1], &critical[2], &rf,
                                         &ierr);
-    data["Nxcr"] = json_real(critical[0]);
-    data["Nycr"] = json_real(critical[1]);
-    data["Nxycr"] = json_real(critical[2]);
-    data["entry_point"] = "LAMINATE_RECTANGULAR_SS_BUCKLING_RF";
+    critical_loads_json(o.results(), critical);
+    o.entry_point("LAMINATE_RECTANGULAR_SS_BUCKLING_RF");
     if (ierr != 0) {
       static constexpr std::string_view kNames[3] = {"Nx", "Ny", "Nxy"};
       std::string what = "the reserve factor could not be computed";
@@ -317,8 +322,7 @@ class ReserveFactorCommand : public Command {
       return o.fail(ierr, ierr == 1 ? "a critical load is below 1e-6" : "unknown error",
                     what);
     }
-    data["error_code"] = 0;
-    data["RF"] = json_real(rf);
+    o.results()["rf"] = json_real(rf);
     if (o.json()) return o.finish();
 
     out << "Applied loads:  Nx = " << format_general(applied[0])
@@ -381,7 +385,7 @@ class ShellBucklingCommand : public Command {
         "[A], [D] and the wall thickness come from a ply material and layup (the "
         "built-in\n"
         "tape and (0/45/-45/90)S by default) or are given with --A, --D (six terms\n"
-        "X11,X12,X16,X22,X26,X66 each) and --h.\n"
+        "X11,X12,X16,X22,X26,X66 each) and --thickness.\n"
         "Examples:\n"
         "  corvane shell-buckling --l 600 --b 300 --r 1500\n"
         "  corvane shell-buckling \"(45/-45/0/90)2S\" --l 600 --b 300 --r 1500 --json");
@@ -391,21 +395,17 @@ class ShellBucklingCommand : public Command {
 
   int run(std::ostream& out, std::ostream& err) override {
     Output o("shell-buckling", json_, out, err);
+    const float l = real_value(l_text_), b = real_value(b_text_), r = real_value(r_text_);
+    o.input()["panel"] = {
+        {"length", json_real(l)}, {"width", json_real(b)}, {"radius", json_real(r)}};
     const auto stiffness = stiffness_.get(o);
     if (!stiffness) return kExitFailed;
-    const float l = real_value(l_text_), b = real_value(b_text_), r = real_value(r_text_);
     float loads[3] = {0.0f, 0.0f, 0.0f};
     std::int32_t ierr = 0;
     LAMINATE_SHELL_BUCKLING_LOADS(stiffness->a.data(), stiffness->d.data(), &l, &b, &r,
                                   &stiffness->h, &loads[0], &loads[1], &loads[2], &ierr);
-    Json& data = o.data();
-    data["L"] = json_real(l);
-    data["b"] = json_real(b);
-    data["R"] = json_real(r);
-    data["entry_point"] = "LAMINATE_SHELL_BUCKLING_LOADS";
-    data["Nxcr"] = json_real(loads[0]);
-    data["Nycr"] = json_real(loads[1]);
-    data["Nxycr"] = json_real(loads[2]);
+    o.entry_point("LAMINATE_SHELL_BUCKLING_LOADS");
+    critical_loads_json(o.results(), loads);
     if (!o.json()) {
       out << "Panel L = " << l_text_ << ", b = " << b_text_ << ", R = " << r_text_
           << ", t = " << format_general(stiffness->h) << ", [A] and [D] "
@@ -434,7 +434,6 @@ class ShellBucklingCommand : public Command {
       }
       return o.fail(ierr, shell_error_meaning(ierr), what);
     }
-    data["error_code"] = 0;
     return o.finish();
   }
 

@@ -208,26 +208,54 @@ std::string stiffness_failure(const StiffnessResult& result,
   return "the stiffness could not be computed";
 }
 
+namespace {
+
+Json envelope(const std::string& command) {
+  return Json{{"command", command},
+              {"schema_version", kSchemaVersion},
+              {"corvane_version", CORVANE_VERSION},
+              {"input", Json::object()}};
+}
+
+}  // namespace
+
 Output::Output(std::string command, bool json, std::ostream& out, std::ostream& err)
-    : command_(std::move(command)), json_(json), out_(out), err_(err) {
-  data_["command"] = command_;
+    : command_(std::move(command)),
+      json_(json),
+      out_(out),
+      err_(err),
+      data_(envelope(command_)) {
+  data_["results"] = Json::object();
+}
+
+void Output::entry_point(std::string_view name) {
+  Json& names = results()["entry_points"];
+  if (names.is_null()) names = Json::array();
+  names.push_back(name);
 }
 
 int Output::fail(std::int32_t code, std::string_view meaning, const std::string& what) {
   err_ << "corvane " << command_ << ": " << what << " (library error code " << code
        << ": " << meaning << ")\n";
-  data_["error_code"] = code;
-  data_["error_meaning"] = meaning;
-  data_["error"] = what;
+  return failed(kExitFailed, Json{{"code", kExitFailed},
+                                  {"library_code", code},
+                                  {"meaning", meaning},
+                                  {"message", what}});
+}
+
+int Output::fail_plain(const std::string& what, int status) {
+  err_ << "corvane " << command_ << ": " << what << '\n';
+  return failed(status, Json{{"code", status}, {"message", what}});
+}
+
+int Output::failed(int status, Json error) {
+  data_.erase("results");
+  data_["error"] = std::move(error);
   if (json_) {
     write_json(out_, data_, 0);
     out_ << '\n';
   }
-  return kExitFailed;
-}
-
-void Output::error_line(const std::string& what) {
-  err_ << "corvane " << command_ << ": " << what << '\n';
+  return status;
 }
 
 int Output::finish() {
@@ -236,6 +264,14 @@ int Output::finish() {
     out_ << '\n';
   }
   return kExitOk;
+}
+
+void print_failure_json(std::ostream& out, const std::string& command, int status,
+                        const std::string& message) {
+  Json data = envelope(command);
+  data["error"] = Json{{"code", status}, {"message", message}};
+  write_json(out, data, 0);
+  out << '\n';
 }
 
 Json matrix_json(const Matrix& m) {
@@ -263,7 +299,7 @@ void print_value(std::ostream& out, std::string_view label, float value, int wid
 Json material_json(const PlyMaterial& m) {
   Json j = Json::object();
   for (const MaterialField& field : kMaterialFields) {
-    j[std::string(field.label)] = json_real(m.*field.value);
+    j[std::string(field.option)] = json_real(m.*field.value);
   }
   return j;
 }

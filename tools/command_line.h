@@ -69,7 +69,7 @@ class LaminateOptions {
   // Computes the stiffness; throws UsageError for a layup too long to pass.
   StiffnessResult compute() const;
 
-  // The materials and layup, for JSON.
+  // The layup and materials, for JSON: {"layup", "materials": [...]}.
   Json describe() const;
 
  private:
@@ -89,32 +89,52 @@ PlyMaterial ply_material(const LAMINA& m);
 std::string stiffness_failure(const StiffnessResult& result,
                               const LaminateOptions& options);
 
-// Where a command writes. A command gathers its results in `data`; finish()
-// prints them for --json.
+// The version of the JSON every command prints with --json; it changes when a
+// key is renamed or removed or its meaning changes (docs/corvane-cli.schema.json).
+inline constexpr int kSchemaVersion = 1;
+
+// Where a command writes. With --json, standard output gets one JSON object,
+// the same envelope for every command:
+//   {"command", "schema_version", "corvane_version", "input": the inputs as
+//    understood, "results"}                                     on success,
+//   {"command", ..., "input", "error": {"code": the exit status,
+//    "library_code" and "meaning" where the library gave a code, "message"}}
+// on failure; every failure also writes its one line to standard error.
 class Output {
  public:
   Output(std::string command, bool json, std::ostream& out, std::ostream& err);
 
   bool json() const { return json_; }
-  Json& data() { return data_; }
+  Json& input() { return data_["input"]; }
+  Json& results() { return data_["results"]; }
+  // Records a call of one of the library's entry points in the results.
+  void entry_point(std::string_view name);
 
-  // Writes one line to standard error:
+  // The library refused the input or found no result: writes to standard
+  // error
   //   corvane <command>: <what> (library error code <code>: <meaning>)
-  // records the error in the JSON data, prints it for --json, returns
-  // kExitFailed.
+  // and, for --json, the envelope with the error; returns kExitFailed.
   int fail(std::int32_t code, std::string_view meaning, const std::string& what);
-  // A line to standard error that is not tied to a library error code.
-  void error_line(const std::string& what);
-  // Prints the JSON data for --json; returns kExitOk.
+  // A failure with no library code (a faulty input file, say), or one of
+  // another exit status (kExitFile): the same without the code.
+  int fail_plain(const std::string& what, int status = kExitFailed);
+  // Prints the envelope for --json; returns kExitOk.
   int finish();
 
  private:
+  int failed(int status, Json error);
+
   std::string command_;
   bool json_;
   std::ostream& out_;
   std::ostream& err_;
   Json data_;
 };
+
+// The envelope of a failure found before or outside a command's run (a wrong
+// command line, faulty material data), for --json.
+void print_failure_json(std::ostream& out, const std::string& command, int status,
+                        const std::string& message);
 
 // A 3x3 matrix as three JSON rows, and as three aligned text rows under a
 // title such as "[A]".

@@ -65,7 +65,7 @@ Json results(const std::string& names, const std::vector<float>& values) {
 }
 
 Json material(const Material& m) {
-  return results("t E1 E2 G12 nu12 CTE1 CTE2", {m.begin(), m.end()});
+  return results("t e1 e2 g12 nu12 cte1 cte2", {m.begin(), m.end()});
 }
 
 // ------------------------------------------- the entry points' own results
@@ -80,19 +80,23 @@ Json stiffness(const std::string& layup, const Material& m = kTape) {
                      CORVANE_LAYUP_LENGTH, &symmetric, a.data(), b.data(), d.data(),
                      dstar.data(), &s[0], &s[1], &s[2], &s[3], &s[4], &s[5], &s[6], &s[7],
                      &plies, cards.data(), CORVANE_CARDS_LENGTH, &ierr);
-  Json j = {{"A", rows(a)}, {"B", rows(b)}, {"D", rows(d)}, {"Dstar", rows(dstar)}};
-  j.update(results("h Ex Ey Gxy nuxy alphax alphay alphaxy", {s, s + 8}));
-  j.update(Json{{"plies", plies}, {"symmetric", symmetric != 0}, {"error_code", ierr}});
+  EXPECT_EQ(ierr, 0) << layup;
+  Json j = {{"a_matrix", rows(a)},
+            {"b_matrix", rows(b)},
+            {"d_matrix", rows(d)},
+            {"d_star_matrix", rows(dstar)}};
+  j.update(results("thickness e_x e_y g_xy nu_xy alpha_x alpha_y alpha_xy", {s, s + 8}));
+  j.update(Json{{"plies", plies}, {"symmetric", symmetric != 0}});
   j["cards"] = cards.substr(0, cards.find_last_not_of(' ') + 1);
   return j;
 }
 
 // -------------------------------------------------------------- commands
 
-// Each command once, and the ways of giving it its input: the JSON holds what
-// the entry points give (from direct calls, or as they give them for these
-// inputs), the text shows each real of it in six significant digits, and
-// --help shows the command's examples.
+// Each command once, and the ways of giving it its input: the JSON's input and
+// results hold what the entry points give (from direct calls, or as they give
+// them for these inputs), the text shows each real of it in six significant
+// digits, and --help shows the command's examples.
 TEST(Commands, TextAndJsonHoldTheEntryPointsResults) {
   Material changed = kTape, m2 = kTape;
   changed[1] = m2[1] = 1500.0f;
@@ -104,25 +108,33 @@ TEST(Commands, TextAndJsonHoldTheEntryPointsResults) {
        stiffness("(0/90)2S", changed)},
       // Values of material 2 not given are those of material 1.
       {"stiffness '(45./0)' --e1 1500 --nu12 0.27 --m2-e2 7e4",
-       {{"entry_point", "BI_MATERIAL_LAMINATE_STIFFNESS"},
-        {"materials", {material(changed), material(m2)}}}},
+       {{"entry_points", {"BI_MATERIAL_LAMINATE_STIFFNESS"}},
+        {"laminate",
+         {{"layup", "(45./0)"}, {"materials", {material(changed), material(m2)}}}}}},
       {"strains '(0/90)2S' --nx -250 --nxy 40",
        results("eps_x eps_y gamma_xy eps_p45 eps_m45",
                {-0.0034311619f, 0.00014197911f, 0.008f, 0.0023554089f, -0.0056445915f})},
-      {"strains --h 2 --ex 6e4 --ey 3e4 --gxy 1e4 --nuxy 0.2 --ny -120",
-       results("h Ex nuxy eps_x eps_y", {2, 6e4, 0.2f, 0.0002f, -0.002f})},
+      {"strains --thickness 2 --ex 6e4 --ey 3e4 --gxy 1e4 --nuxy 0.2 --ny -120",
+       {{"laminate_constants",
+         results("thickness e_x e_y g_xy nu_xy", {2, 6e4, 3e4, 1e4, 0.2f})},
+        {"loads", results("n_x n_y n_xy", {0, -120, 0})},
+        {"eps_x", 0.0002f},
+        {"eps_y", -0.002f}}},
       {"plate-buckling --D 8000,2500,70,6000,90,3000 --a 500 --b 200",
-       results("Nxcr Nycr Nxycr", {7.77108f, 2.2021065f, 10.782276f})},
+       results("n_x_cr n_y_cr n_xy_cr", {7.77108f, 2.2021065f, 10.782276f})},
       {"reserve-factor --a 500 --b 200 --nx -60 --nxy 40",
-       results("Nxcr Nycr Nxycr RF", {4.120561f, 0.89929104f, 4.9374146f, 0.0550275f})},
-      {"reserve-factor --nxcr 120 --nycr 80 --nxycr 150 --ny -20", results("RF", {4})},
+       results("n_x_cr n_y_cr n_xy_cr rf",
+               {4.120561f, 0.89929104f, 4.9374146f, 0.0550275f})},
+      {"reserve-factor --nxcr 120 --nycr 80 --nxycr 150 --ny -20", results("rf", {4})},
       {"shell-buckling --l 600 --b 300 --r 1500",
-       results("h Nxcr Nycr Nxycr", {1, 16.713335f, 1.3528872f, 7.706835f})},
+       results("thickness n_x_cr n_y_cr n_xy_cr",
+               {1, 16.713335f, 1.3528872f, 7.706835f})},
   };
   for (const auto& [args, library] : cases) {
     const Outcome run = corvane(args + " --json"), text = corvane(args);
     EXPECT_EQ(run.status + text.status, 0) << args << run.err << text.err;
-    const Json j = Json::parse(run.out, nullptr, false);
+    Json j = Json::parse(run.out, nullptr, false).value("input", Json::object());
+    j.update(Json::parse(run.out, nullptr, false).value("results", Json::object()));
     for (const auto& [key, value] : library.items()) {
       EXPECT_EQ(j.value(key, Json()), value) << args << ": " << key;
       if (!value.is_number_float()) continue;
@@ -137,8 +149,9 @@ TEST(Commands, TextAndJsonHoldTheEntryPointsResults) {
 }
 
 // One line on standard error, "corvane COMMAND: " and the fault, and the exit
-// status: 1 the library refused the input or found no result (its code in the
-// line and in the JSON), 2 a wrong command line, 3 a file not written. Last
+// status: 1 the library refused the input or found no result (its code, where
+// it gave one, in the line and in the JSON), 2 a wrong command line, 3 a file
+// not written; with --json the same status and message in the envelope. Last
 // come the rows of the refused-input table, which the library and the package
 // run too: the library's code, the core's reason and where it points.
 TEST(Commands, OneLineNamesTheFault) {
@@ -166,11 +179,12 @@ TEST(Commands, OneLineNamesTheFault) {
       {"stiffness --e1 abc", 2, "stiffness: --e1: \"abc\" is not a number (see --help)"},
       {"plate-buckling --D 1,2,3,4,5,6 --e1 5 --a 1 --b 1", 2,
        "--D replaces the material and layup: drop --e1"},
-      {"strains --ex 5", 2, "give all of --h --ex --ey --gxy --nuxy, or none"},
+      {"strains --ex 5", 2, "give all of --thickness --ex --ey --gxy --nuxy, or none"},
+      {"strains --h 1 --thickness 1", 2, "give --thickness once (--h is its old name)"},
       {"reserve-factor --nx -5", 2, "give the critical loads (--nxcr --nycr --nxycr) or"},
       {"stifness", 2,
        "corvane: unknown command \"stifness\"; the commands are stiffness, strains, "
-       "plate-buckling, reserve-factor, shell-buckling, strength"},
+       "plate-buckling, reserve-factor, shell-buckling, strength, materials"},
       {"", 2, "corvane: A subcommand is required (see --help)"},
       {"stiffness --cards no/deck.bdf", 3,
        "stiffness: cannot write the cards to no/deck"},
@@ -191,8 +205,13 @@ TEST(Commands, OneLineNamesTheFault) {
     EXPECT_EQ(run.err.find('\n'), run.err.size() - 1) << run.err;
     const bool points = c.fault.find("at character") != std::string::npos;
     EXPECT_EQ(run.err.find("at character") != std::string::npos, points) << run.err;
-    if (c.status != 1) continue;
-    const int code = Json::parse(corvane(c.args + " --json").out).value("error_code", -9);
+    const Json error = Json::parse(corvane(c.args + " --json").out)["error"];
+    EXPECT_EQ(error.value("code", -9), c.status) << c.args;
+    const std::string line = error.value("message", "") +
+                             (error.contains("library_code") ? " (library" : "\n");
+    EXPECT_EQ(run.err.substr(run.err.find(": ") + 2).rfind(line, 0), 0u) << run.err;
+    if (!error.contains("library_code")) continue;
+    const int code = error["library_code"];
     EXPECT_NE(run.err.find("(library error code " + std::to_string(code) + ":"),
               std::string::npos)
         << run.err;

@@ -2,9 +2,11 @@
 // strength from a terminal, through the library's entry points (strength through
 // the core's stressed laminate).
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <iostream>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "command_line.h"
@@ -48,6 +50,20 @@ int main(int argc, char** argv) {
     }
     return "corvane";
   };
+  // A failure outside a command's own run, on standard error and, when JSON
+  // was asked for, as the JSON envelope on standard output.
+  const bool json = std::any_of(argv + 1, argv + argc, [](const char* a) {
+    return std::string_view(a) == "--json";
+  });
+  const auto failure = [&](const std::string& message, int status) {
+    std::cerr << command_name() << ": " << message << '\n';
+    if (json) {
+      const std::string name = command_name();
+      print_failure_json(std::cout, name == "corvane" ? name : name.substr(8), status,
+                         message);
+    }
+    return status;
+  };
 
   // Without this the parser would only say that a command is required.
   if (argc > 1 && argv[1][0] != '-') {
@@ -59,9 +75,8 @@ int main(int argc, char** argv) {
       names += (names.empty() ? "" : ", ") + command->parser().get_name();
     }
     if (!known) {
-      std::cerr << "corvane: unknown command \"" << name << "\"; the commands are "
-                << names << '\n';
-      return kExitUsage;
+      return failure("unknown command \"" + name + "\"; the commands are " + names,
+                     kExitUsage);
     }
   }
 
@@ -75,8 +90,7 @@ int main(int argc, char** argv) {
     std::cout << e.what() << '\n';
     return kExitOk;
   } catch (const CLI::ParseError& e) {
-    std::cerr << command_name() << ": " << e.what() << " (see --help)\n";
-    return kExitUsage;
+    return failure(std::string(e.what()) + " (see --help)", kExitUsage);
   }
 
   for (const auto& command : commands) {
@@ -84,11 +98,9 @@ int main(int argc, char** argv) {
     try {
       return command->run(std::cout, std::cerr);
     } catch (const UsageError& e) {
-      std::cerr << command_name() << ": " << e.message << " (see --help)\n";
-      return kExitUsage;
+      return failure(e.message + " (see --help)", kExitUsage);
     } catch (const std::exception& e) {
-      std::cerr << command_name() << ": " << e.what() << '\n';
-      return kExitFailed;
+      return failure(e.what(), kExitFailed);
     }
   }
   return kExitUsage;

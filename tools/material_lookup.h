@@ -27,6 +27,7 @@ class MaterialLookup {
  public:
   // Adds --materials FILE|DIR (repeatable) to a command.
   void add_to(CLI::App& app);
+  const std::vector<std::string>& places() const { return places_; }
 
   // Every place, in search order, and what was read there. Throws
   // MaterialDataError naming every fault of the files read.

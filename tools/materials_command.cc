@@ -17,10 +17,10 @@ Json entry_json(const MaterialEntry& e) {
             {"source", e.source},
             {"fabric", m.is_fabric}};
   const std::pair<const char*, float> values[] = {
-      {"t", m.CPT},    {"E1", m.E1},         {"E2", m.E2},         {"G12", m.G12},
-      {"nu12", m.v12}, {"CTE1", m.CTE1},     {"CTE2", m.CTE2},     {"KBM", m.KBM},
-      {"F1t", m.F1t},  {"F1c", m.F1c},       {"F2t", m.F2t},       {"F2c", m.F2c},
-      {"F12", m.F12},  {"uetall", m.uetall}, {"uecall", m.uecall}, {"density", m.DENSITY},
+      {"t", m.CPT},    {"e1", m.E1},         {"e2", m.E2},         {"g12", m.G12},
+      {"nu12", m.v12}, {"cte1", m.CTE1},     {"cte2", m.CTE2},     {"kbm", m.KBM},
+      {"f1t", m.F1t},  {"f1c", m.F1c},       {"f2t", m.F2t},       {"f2c", m.F2c},
+      {"f12", m.F12},  {"uetall", m.uetall}, {"uecall", m.uecall}, {"density", m.DENSITY},
   };
   for (const auto& [label, value] : values) j[label] = json_real(value);
   return j;
@@ -60,7 +60,10 @@ class MaterialsCommand : public Command {
     if (show && !where_.empty())
       throw UsageError{"give either show NAME or --where NAME"};
     Output o("materials", json_, out, err);
-    Json& data = o.data();
+    if (!lookup_.places().empty()) o.input()["places"] = lookup_.places();
+    if (!where_.empty()) o.input()["where"] = where_;
+    if (show) o.input()["show"] = words_[1];
+    Json& data = o.results();
     if (!where_.empty()) {
       const MaterialEntry& e = lookup_.find(where_);
       data["material"] = entry_json(e);

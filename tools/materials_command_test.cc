@@ -34,8 +34,9 @@ TEST(MaterialsCommand, NamedMaterialGivesWhatTypedValuesGive) {
                     (command == "stiffness" ? "" : " --f2t 40 --f2c 246 --f12 68") +
                     " --json")
             .out);
-    EXPECT_EQ(named["materials"][0]["name"], "T300/5208");
-    named["materials"][0].erase("name");
+    Json& material = named["input"]["laminate"]["materials"][0];
+    EXPECT_EQ(material["name"], "T300/5208");
+    material.erase("name");
     EXPECT_EQ(named, typed) << command;
   }
 }
@@ -55,7 +56,7 @@ TEST(MaterialsCommand, SearchOrderAndFaults) {
   const Outcome where = run_corvane("materials --where T300/5208", bases);
   EXPECT_EQ(where.out, (dir / "bases" / "office.mat").string() + ":1\n");
   const Outcome thick = run_corvane("stiffness --material T300/5208 --json", bases);
-  EXPECT_FLOAT_EQ(Json::parse(thick.out)["h"].get<float>(), 1.6f);
+  EXPECT_FLOAT_EQ(Json::parse(thick.out)["results"]["thickness"].get<float>(), 1.6f);
 
   const struct {
     std::string args, err;

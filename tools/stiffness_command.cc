@@ -74,39 +74,37 @@ class StiffnessCommand : public Command {
 
   int run(std::ostream& out, std::ostream& err) override {
     Output o("stiffness", json_, out, err);
+    o.input()["laminate"] = laminate_.describe();
+    if (!cards_file_.empty()) o.input()["cards_file"] = cards_file_;
     const StiffnessResult r = laminate_.compute();
-    Json& data = o.data();
-    data.update(laminate_.describe());
-    data["entry_point"] = r.entry_point;
+    o.entry_point(r.entry_point);
     if (r.error_code != 0) {
       return o.fail(r.error_code, stiffness_error_meaning(r.error_code),
                     stiffness_failure(r, laminate_));
     }
-    data["error_code"] = 0;
-    data["plies"] = r.plies;
-    data["symmetric"] = r.symmetric;
-    data["h"] = json_real(r.h);
-    data["A"] = matrix_json(r.a);
-    data["B"] = matrix_json(r.b);
-    data["D"] = matrix_json(r.d);
-    data["Dstar"] = matrix_json(r.dstar);
-    data["Ex"] = json_real(r.ex);
-    data["Ey"] = json_real(r.ey);
-    data["Gxy"] = json_real(r.gxy);
-    data["nuxy"] = json_real(r.nuxy);
-    data["alphax"] = json_real(r.alphax);
-    data["alphay"] = json_real(r.alphay);
-    data["alphaxy"] = json_real(r.alphaxy);
-    data["cards"] = r.cards;
+    Json& results = o.results();
+    results["plies"] = r.plies;
+    results["symmetric"] = r.symmetric;
+    results["thickness"] = json_real(r.h);
+    results["a_matrix"] = matrix_json(r.a);
+    results["b_matrix"] = matrix_json(r.b);
+    results["d_matrix"] = matrix_json(r.d);
+    results["d_star_matrix"] = matrix_json(r.dstar);
+    results["e_x"] = json_real(r.ex);
+    results["e_y"] = json_real(r.ey);
+    results["g_xy"] = json_real(r.gxy);
+    results["nu_xy"] = json_real(r.nuxy);
+    results["alpha_x"] = json_real(r.alphax);
+    results["alpha_y"] = json_real(r.alphay);
+    results["alpha_xy"] = json_real(r.alphaxy);
+    results["cards"] = r.cards;
 
     if (!cards_file_.empty()) {
       std::ofstream file(cards_file_, std::ios::binary);
       file << r.cards;
       file.close();
-      if (!file) {
-        o.error_line("cannot write the cards to " + cards_file_);
-        return kExitFile;
-      }
+      if (!file)
+        return o.fail_plain("cannot write the cards to " + cards_file_, kExitFile);
     }
     if (o.json()) return o.finish();
     if (report_) {

@@ -25,41 +25,57 @@ class StrainsCommand : public Command {
                                       constant_text_[k], std::string(kConstants[k].help));
       constants_[k]->group(direct);
     }
+    // The thickness was --h, which read like -h for help; the old spelling
+    // stays, hidden, for one version.
+    old_h_ = add_real_option(*app_, "--h", old_h_text_, "")->group("");
     laminate_.add_to(*app_);
     app_->add_flag("--json", json_, "print the results as JSON");
     app_->footer(
         "The laminate constants come from a ply material and layup (the built-in tape "
         "and\n"
-        "(0/45/-45/90)S by default) or are given with --h --ex --ey --gxy --nuxy.\n"
+        "(0/45/-45/90)S by default) or are given with --thickness --ex --ey --gxy "
+        "--nuxy.\n"
         "Examples:\n"
         "  corvane strains --nx 100 --nxy 20\n"
         "  corvane strains \"(0/90)2S\" --nx -250\n"
-        "  corvane strains --h 1 --ex 52000 --ey 52000 --gxy 20000 --nuxy 0.3 --nx 100");
+        "  corvane strains --thickness 1 --ex 52000 --ey 52000 --gxy 20000 --nuxy 0.3 "
+        "--nx 100");
   }
 
   CLI::App& parser() override { return *app_; }
 
   int run(std::ostream& out, std::ostream& err) override {
     Output o("strains", json_, out, err);
-    Json& data = o.data();
+    if (given(old_h_)) {
+      if (given(constants_[0]))
+        throw UsageError{"give --thickness once (--h is its old name)"};
+      constant_text_[0] = old_h_text_;
+    }
     float c[5];  // h, Ex, Ey, Gxy, nuxy
+    const float loads[3] = {value_or_zero(nx_), value_or_zero(ny_), value_or_zero(nxy_)};
     const std::size_t direct = count_direct();
     if (direct > 0) {
       if (direct < kConstants.size()) {
-        throw UsageError{"give all of --h --ex --ey --gxy --nuxy, or none"};
+        throw UsageError{"give all of --thickness --ex --ey --gxy --nuxy, or none"};
       }
       if (laminate_.any_given()) {
         throw UsageError{
-            "--h --ex --ey --gxy --nuxy replace the material and layup: drop " +
+            "--thickness --ex --ey --gxy --nuxy replace the material and layup: drop " +
             laminate_.first_given()};
       }
       for (std::size_t k = 0; k < kConstants.size(); ++k) {
         c[k] = real_value(constant_text_[k]);
       }
+      o.input()["laminate_constants"] = constants_json(c);
     } else {
+      o.input()["laminate"] = laminate_.describe();
+    }
+    o.input()["loads"] = {{"n_x", json_real(loads[0])},
+                          {"n_y", json_real(loads[1])},
+                          {"n_xy", json_real(loads[2])}};
+    if (direct == 0) {
       const StiffnessResult r = laminate_.compute();
-      data["laminate"] = laminate_.describe();
-      data["laminate"]["entry_point"] = r.entry_point;
+      o.entry_point(r.entry_point);
       if (r.error_code != 0) {
         return o.fail(r.error_code, stiffness_error_meaning(r.error_code),
                       stiffness_failure(r, laminate_));
@@ -70,19 +86,12 @@ class StrainsCommand : public Command {
       c[3] = r.gxy;
       c[4] = r.nuxy;
     }
-    const float loads[3] = {value_or_zero(nx_), value_or_zero(ny_), value_or_zero(nxy_)};
     float strains[5] = {0.0f, 0.0f, 0.0f, 0.0f, 0.0f};
     std::int32_t ierr = 0;
     LAMINATE_STRAINS_IN_PLANE(&c[0], &c[1], &c[2], &c[3], &c[4], &loads[0], &loads[1],
                               &loads[2], &strains[0], &strains[1], &strains[2],
                               &strains[3], &strains[4], &ierr);
-    for (std::size_t k = 0; k < kConstants.size(); ++k) {
-      data[std::string(kConstants[k].key)] = json_real(c[k]);
-    }
-    data["Nx"] = json_real(loads[0]);
-    data["Ny"] = json_real(loads[1]);
-    data["Nxy"] = json_real(loads[2]);
-    data["entry_point"] = "LAMINATE_STRAINS_IN_PLANE";
+    o.entry_point("LAMINATE_STRAINS_IN_PLANE");
     if (ierr != 0) {
       std::string what = "the strains could not be computed";
       for (std::size_t k = 1; k <= 3; ++k) {
@@ -94,9 +103,10 @@ class StrainsCommand : public Command {
       }
       return o.fail(ierr, ierr == 1 ? "Ex, Ey or Gxy below 1e-6" : "unknown error", what);
     }
-    data["error_code"] = 0;
+    Json& results = o.results();
+    results["laminate_constants"] = constants_json(c);
     for (std::size_t k = 0; k < kStrains.size(); ++k) {
-      data[std::string(kStrains[k].key)] = json_real(strains[k]);
+      results[std::string(kStrains[k].key)] = json_real(strains[k]);
     }
     if (o.json()) return o.finish();
 
@@ -120,11 +130,11 @@ class StrainsCommand : public Command {
     std::string_view option, key, label, help;
   };
   static constexpr std::array<Name, 5> kConstants{{
-      {"--h", "h", "h", "laminate thickness"},
-      {"--ex", "Ex", "Ex", "apparent membrane modulus in x"},
-      {"--ey", "Ey", "Ey", "apparent membrane modulus in y"},
-      {"--gxy", "Gxy", "Gxy", "apparent membrane shear modulus"},
-      {"--nuxy", "nuxy", "nu_xy", "apparent membrane Poisson's ratio"},
+      {"--thickness", "thickness", "h", "laminate thickness"},
+      {"--ex", "e_x", "Ex", "apparent membrane modulus in x"},
+      {"--ey", "e_y", "Ey", "apparent membrane modulus in y"},
+      {"--gxy", "g_xy", "Gxy", "apparent membrane shear modulus"},
+      {"--nuxy", "nu_xy", "nu_xy", "apparent membrane Poisson's ratio"},
   }};
   static constexpr std::array<Name, 5> kStrains{{
       {"", "eps_x", "eps_x", ""},
@@ -134,8 +144,16 @@ class StrainsCommand : public Command {
       {"", "eps_m45", "eps_-45", ""},
   }};
 
+  static Json constants_json(const float c[5]) {
+    Json j = Json::object();
+    for (std::size_t k = 0; k < kConstants.size(); ++k) {
+      j[std::string(kConstants[k].key)] = json_real(c[k]);
+    }
+    return j;
+  }
+
   std::size_t count_direct() const {
-    std::size_t n = 0;
+    std::size_t n = given(old_h_) ? 1 : 0;
     for (const CLI::Option* option : constants_) n += given(option) ? 1 : 0;
     return n;
   }
@@ -148,6 +166,8 @@ class StrainsCommand : public Command {
   LaminateOptions laminate_;
   std::array<std::string, 5> constant_text_;
   std::array<CLI::Option*, 5> constants_{};
+  std::string old_h_text_;
+  CLI::Option* old_h_ = nullptr;
   std::string nx_, ny_, nxy_;
   bool json_ = false;
 };

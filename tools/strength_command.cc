@@ -87,17 +87,18 @@ std::string negative_strength(const PlyStrengths& s) {
 }
 
 struct LoadField {
-  std::string_view option, label, help;
+  std::string_view option, label, key, help;
 };
-// In the order of a LoadCase row; the labels are also the CSV column names.
+// In the order of a LoadCase row; the labels are also the CSV column names,
+// the keys those of the JSON.
 constexpr std::array<LoadField, kLoadCaseValues> kLoadFields{{
-    {"--nx", "Nx", "running load in x"},
-    {"--ny", "Ny", "running load in y"},
-    {"--nxy", "Nxy", "running shear load"},
-    {"--mx", "Mx", "running bending moment in x"},
-    {"--my", "My", "running bending moment in y"},
-    {"--mxy", "Mxy", "running twisting moment"},
-    {"--dt", "dT", "temperature change"},
+    {"--nx", "Nx", "n_x", "running load in x"},
+    {"--ny", "Ny", "n_y", "running load in y"},
+    {"--nxy", "Nxy", "n_xy", "running shear load"},
+    {"--mx", "Mx", "m_x", "running bending moment in x"},
+    {"--my", "My", "m_y", "running bending moment in y"},
+    {"--mxy", "Mxy", "m_xy", "running twisting moment"},
+    {"--dt", "dT", "dt", "temperature change"},
 }};
 
 std::string error_meaning(StrengthError error) {
@@ -365,8 +366,7 @@ class StrengthCommand : public Command {
     if (!many && !out_file_.empty()) throw UsageError{"--out goes with --loads"};
 
     Output o("strength", json_, out, err);
-    Json& data = o.data();
-    data["layup"] = laminate_.layup();
+    o.input()["laminate"] = {{"layup", laminate_.layup()}};
     std::vector<std::int32_t> codes;
     if (const auto unknown = criterion_codes(criterion_names_, codes)) {
       return o.fail(
@@ -374,10 +374,11 @@ class StrengthCommand : public Command {
           error_meaning(StrengthError::unknown_criterion),
           "unknown criterion \"" + *unknown + "\"; the criteria are " + known_criteria());
     }
-    Json& names = data["criteria"] = Json::array();
+    Json& names = o.input()["criteria"] = Json::array();
     for (std::int32_t code : codes) names.push_back(criterion_keyword(code));
 
     const StiffnessResult stiffness = laminate_.compute();
+    o.entry_point(stiffness.entry_point);
     if (stiffness.error_code != 0) {
       return o.fail(stiffness.error_code, stiffness_error_meaning(stiffness.error_code),
                     stiffness_failure(stiffness, laminate_));
@@ -411,14 +412,14 @@ class StrengthCommand : public Command {
     const LAMINATESTRESSED laminate =
         m2 ? LAMINATESTRESSED(l1, lamina(*m2, s2), angles, material_index)
            : LAMINATESTRESSED(l1, angles);
-    Json& materials = data["materials"] = Json::array();
+    Json& materials = o.input()["laminate"]["materials"] = Json::array();
     for (std::size_t m = 0; m < laminate.materials.size(); ++m) {
       materials.push_back(material_json(m == 0 ? laminate_.material() : *m2));
       if (const MaterialEntry* e = laminate_.named(static_cast<int>(m) + 1)) {
         materials.back()["name"] = e->lamina.Name;
       }
       for (const StrengthField& f : kStrengthFields) {
-        materials.back()[std::string(f.label)] =
+        materials.back()[std::string(f.option)] =
             json_real(laminate.materials[m].*f.member);
       }
     }
@@ -426,9 +427,9 @@ class StrengthCommand : public Command {
     if (!f12_star_.empty()) options.tsai_wu_f12_star = real_value(f12_star_);
     if (!p_plus_.empty()) options.puck.p_plus = real_value(p_plus_);
     if (!p_minus_.empty()) options.puck.p_minus = real_value(p_minus_);
-    data["options"] = {{"f12_star", json_real(options.tsai_wu_f12_star)},
-                       {"puck_p_plus", json_real(options.puck.p_plus)},
-                       {"puck_p_minus", json_real(options.puck.p_minus)}};
+    o.input()["options"] = {{"f12_star", json_real(options.tsai_wu_f12_star)},
+                            {"puck_p_plus", json_real(options.puck.p_plus)},
+                            {"puck_p_minus", json_real(options.puck.p_minus)}};
     const StrengthPlan plan = laminate.strength_plan(codes, options);
     if (!plan.status().ok()) return strength_fail(o, plan.status());
     if (many) return run_many(o, plan, codes, out, err);
@@ -436,10 +437,10 @@ class StrengthCommand : public Command {
     LoadCase load;
     float* row = &load.Nx;  // LoadCase is kLoadCaseValues floats in a row
     static_assert(sizeof(LoadCase) == kLoadCaseValues * sizeof(float));
-    Json& loads = data["loads"] = Json::object();
+    Json& loads = o.input()["loads"] = Json::object();
     for (std::size_t k = 0; k < kLoadFields.size(); ++k) {
       if (given(load_[k])) row[k] = real_value(load_text_[k]);
-      loads[std::string(kLoadFields[k].label)] = json_real(row[k]);
+      loads[std::string(kLoadFields[k].key)] = json_real(row[k]);
     }
     if (!o.json()) {
       std::string report;
@@ -499,8 +500,7 @@ class StrengthCommand : public Command {
                              {rf, ply, surface, mode, ply_rf, {}, {}});
     }
     if (!status.ok()) return strength_fail(o, status);
-    Json& data = o.data();
-    data["error_code"] = 0;
+    Json& data = o.results();
     data["plies"] = laminate.nplies;
     data["symmetric"] = laminate.symmetric;
     Json& midplane = data["midplane"] = Json::array();
@@ -542,8 +542,7 @@ class StrengthCommand : public Command {
     try {
       loads = read_load_cases(loads_file_);
     } catch (const LoadFileError& e) {
-      o.error_line(e.message);
-      return kExitFailed;
+      return o.fail_plain(e.message);
     }
     const std::string temporary = out_file_ + ".partial";
     std::ofstream file;
@@ -553,8 +552,7 @@ class StrengthCommand : public Command {
       file.close();
       std::error_code ignored;
       std::filesystem::remove(temporary, ignored);
-      o.error_line("cannot write the results to " + out_file_);
-      return kExitFile;
+      return o.fail_plain("cannot write the results to " + out_file_, kExitFile);
     };
     if (!out) return cannot_write();
 
@@ -607,8 +605,7 @@ class StrengthCommand : public Command {
     out.flush();
     if (out_file_.empty()) {
       if (out) return kExitOk;
-      o.error_line("cannot write the results to standard output");
-      return kExitFile;
+      return o.fail_plain("cannot write the results to standard output", kExitFile);
     }
     file.close();
     std::error_code renamed;

@@ -67,7 +67,7 @@ TEST(StrengthCommand, TableAndJsonAreTheCoresNumbers) {
 
   const Outcome json = corvane("'(0/45/-45/90)2S' --json " + loads);
   ASSERT_EQ(json.status, 0) << json.err;
-  const auto j = nlohmann::json::parse(json.out);
+  const auto j = nlohmann::json::parse(json.out)["results"];
   LaminateState state;
   ASSERT_TRUE(lam.strength_plan(kAll).state(load, state).ok());
   const std::size_t last = state.surfaces.size() - 1;
@@ -172,7 +172,7 @@ TEST(StrengthCommand, BadInputNamesTheFault) {
   }
   const Outcome json = corvane("--criterion mts2 --json");
   EXPECT_EQ(json.status, 1);
-  EXPECT_EQ(nlohmann::json::parse(json.out)["error_code"], 3);
+  EXPECT_EQ(nlohmann::json::parse(json.out)["error"]["library_code"], 3);
   std::remove(csv.c_str());
 }
 
