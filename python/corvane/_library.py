@@ -35,9 +35,10 @@ CARDS_LENGTH = 10000
 
 STRENGTH_ENVIRONMENT_VARIABLE = "CORVANE_STRENGTH_LIBRARY"
 
-# Lengths of the strength entry point's texts.
+# Lengths of the strength entry point's texts, and of the solver deck.
 CRITERION_LENGTH = 32
 MESSAGE_LENGTH = 200
+SOLVER_DECK_LENGTH = 32768
 
 _PACKAGE_DIR = pathlib.Path(__file__).resolve().parent
 
@@ -138,6 +139,9 @@ _STIFFNESS_RESULTS = [_I, _F, _F, _F, _F] + [_F] * 8 + [_I, c_char_p, c_int64, _
 # options, the load cases and their results, the message and the error code.
 _STRENGTH_REST = [c_char_p, c_int64, c_char_p, c_int64, _F, _I, _F]
 _STRENGTH_REST += [_F, _I, _I, _I, c_char_p, c_int64, _I]
+# What follows the materials in the solver deck entry points: layup, line ends,
+# the deck and its length, the message and the error code.
+_DECK_REST = [c_char_p, c_int64, _I, c_char_p, c_int64, _I, c_char_p, c_int64, _I]
 _PROTOTYPES = {
     "LAMINATE_STIFFNESS": [_F] * 7 + [c_char_p, c_int64] + _STIFFNESS_RESULTS,
     "BI_MATERIAL_LAMINATE_STIFFNESS": [_F] * 14
@@ -149,9 +153,16 @@ _PROTOTYPES = {
     "LAMINATE_SHELL_BUCKLING_LOADS": [_F] * 9 + [_I],
     "LAMINATE_STRENGTH": [_F] * 14 + _STRENGTH_REST,
     "BI_MATERIAL_LAMINATE_STRENGTH": [_F] * 28 + _STRENGTH_REST,
+    "LAMINATE_SOLVER_DECK": [_F] * 12 + _DECK_REST,
+    "BI_MATERIAL_LAMINATE_SOLVER_DECK": [_F] * 24 + _DECK_REST,
 }
 # The entry points of the strength library; the others are of the first.
-_STRENGTH_ENTRY_POINTS = {"LAMINATE_STRENGTH", "BI_MATERIAL_LAMINATE_STRENGTH"}
+_STRENGTH_ENTRY_POINTS = {
+    "LAMINATE_STRENGTH",
+    "BI_MATERIAL_LAMINATE_STRENGTH",
+    "LAMINATE_SOLVER_DECK",
+    "BI_MATERIAL_LAMINATE_SOLVER_DECK",
+}
 
 
 @functools.cache
