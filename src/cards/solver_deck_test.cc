@@ -99,6 +99,7 @@ TEST(SolverDeck, RealsAreTheShortestTextThatReadsBack) {
       {0.1234567f, 7, ""},
       {1.0f / 3, 16, "0.33333334"},
       {-1.1754944e-38f, 16, "-1.1754944-38"},
+      {1.0e30f, 8, "1.0+30"},
       {testing::kInf, 16, ""}};
   for (const auto& [value, width, text] : rows)
     EXPECT_EQ(bulk_data_real(value, width), text);
@@ -150,6 +151,13 @@ TEST(SolverDeck, SymmetricStacksCrLfAndRefusals) {
   const auto deck = read_deck(solver_deck(symmetric, LineEnd::crlf).text, "\r\n");
   EXPECT_EQ(deck.at("PCOMP 1001")[4], "STRN");
   EXPECT_EQ(deck.at("PSHELL 1002").size(), 4u);
+  // Any strength missing: no failure theory.
+  for (float LAMINA::*f :
+       {&LAMINA::F1t, &LAMINA::F1c, &LAMINA::F2t, &LAMINA::F2c, &LAMINA::F12}) {
+    LAMINATESTIFFNESS missing = symmetric;
+    missing.materials[0].*f = 0;
+    EXPECT_EQ(read_deck(solver_deck(missing).text, "\n").at("PCOMP 1001")[4], "");
+  }
   LAMINATESTIFFNESS in_error = symmetric, infinite = symmetric, orphan = symmetric;
   in_error.error = true;
   infinite.D(2, 2) = testing::kInf;
