@@ -162,6 +162,33 @@ Bytes material(const std::string& wanted) {
   return out;
 }
 
+// The solver deck of one material, or two when `two`; t is material 1's thickness.
+Bytes solver_deck(float t, const std::string& text, bool two = false) {
+  const float m[24] = {t,     135000, 10000, 5000, 0.3f, -3e-7f, 28e-6f, 1500,
+                       1200,  40,     246,   70,   0.2f, 39000,  8600,   3800,
+                       0.28f, 7e-6f,  2e-5f, 1080, 620,  39,     128,    89};
+  auto layup = layup_buffer(text);
+  const int32_t crlf = two ? -1 : 0;
+  std::vector<char> deck(CORVANE_SOLVER_DECK_LENGTH, 'x');
+  char message[CORVANE_STRENGTH_MESSAGE_LENGTH];
+  int32_t length = 7, ierr = 7;
+  if (two) {
+    BI_MATERIAL_LAMINATE_SOLVER_DECK(&m[0], &m[1], &m[2], &m[3], &m[4], &m[5], &m[6],
+                                     &m[7], &m[8], &m[9], &m[10], &m[11], &m[12], &m[13],
+                                     &m[14], &m[15], &m[16], &m[17], &m[18], &m[19],
+                                     &m[20], &m[21], &m[22], &m[23], layup.data(), 0,
+                                     &crlf, deck.data(), 0, &length, message, 0, &ierr);
+  } else {
+    LAMINATE_SOLVER_DECK(&m[0], &m[1], &m[2], &m[3], &m[4], &m[5], &m[6], &m[7], &m[8],
+                         &m[9], &m[10], &m[11], layup.data(), 0, &crlf, deck.data(), 0,
+                         &length, message, 0, &ierr);
+  }
+  Bytes out;
+  append(out, length, ierr, message);
+  out.insert(out.end(), deck.begin(), deck.end());
+  return out;
+}
+
 std::vector<std::function<Bytes()>> mixed_calls() {
   const Ply carbon{0.125f, 135000.0f, 10000.0f, 5000.0f, 0.3f, -0.3e-6f, 28e-6f};
   const Ply glass{0.2f, 70000.0f, 70000.0f, 5000.0f, 0.05f, 2e-6f, 2e-6f};
@@ -203,6 +230,9 @@ std::vector<std::function<Bytes()>> mixed_calls() {
       [=] { return strength("HOFFMAN", 200, true); },
       [=] { return material("Scotchply 1002"); },
       [=] { return material("T300/5280"); },
+      [=] { return solver_deck(0.125f, "(0/45/-45/90)3S"); },
+      [=] { return solver_deck(0.13333334f, "(0/45./-45./90)2", true); },
+      [=] { return solver_deck(-1, "(0/90)S"); },
   };
 }
 

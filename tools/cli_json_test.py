@@ -32,6 +32,8 @@ CASES = [
     ("stiffness '(0/45.)' --m2-nu12 -0.1", 1),
     ("stiffness --e1 abc", 2),
     ("stiffness --cards /nonexistent/deck.bdf", 3),
+    ("stiffness --deck solver --f1t 1500 --m2-f2c 246", 0),
+    ("stiffness --deck solver --m2-f2c -5", 1),
     ("strains '(0/90)2S' --nx -250 --nxy 40", 0),
     ("strains --thickness 1 --ex 1 --ey 1 --gxy 1e-7 --nuxy 0", 1),
     ("strains --ex 5", 2),

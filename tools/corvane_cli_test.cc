@@ -148,6 +148,24 @@ TEST(Commands, TextAndJsonHoldTheEntryPointsResults) {
   }
 }
 
+// --deck solver writes the solver deck to the file and the JSON alike, the
+// strengths of material 2 those of material 1 unless given.
+TEST(Commands, TheSolverDeckCarriesTheStrengthOptions) {
+  const std::string file =
+      testing::TempDir() + "corvane_solver_" + std::to_string(getpid());
+  const Outcome run = corvane(
+      "stiffness '(0/45.)' --deck solver --crlf --f1t 1500 --f12 70 "
+      "--m2-f2c 246 --json --cards " +
+      file);
+  const std::string deck = read_file(file);
+  std::remove(file.c_str());
+  EXPECT_EQ(Json::parse(run.out)["results"].value("cards", ""), deck) << run.err;
+  EXPECT_NE(deck.find("1500.                             70.\r\nMAT8         102"),
+            std::string::npos)
+      << deck;
+  EXPECT_NE(deck.find("1500.                    246.     70.\r\n$"), std::string::npos);
+}
+
 // One line on standard error, "corvane COMMAND: " and the fault, and the exit
 // status: 1 the library refused the input or found no result (its code, where
 // it gave one, in the line and in the JSON), 2 a wrong command line, 3 a file
@@ -186,6 +204,9 @@ TEST(Commands, OneLineNamesTheFault) {
        "corvane: unknown command \"stifness\"; the commands are stiffness, strains, "
        "plate-buckling, reserve-factor, shell-buckling, strength, materials"},
       {"", 2, "corvane: A subcommand is required (see --help)"},
+      {"stiffness --deck solver --m2-f2c -5", 1,
+       "material 2: F2c = -5 is negative (library error code 1"},
+      {"stiffness --f12 70", 2, "--f12 goes with --deck solver"},
       {"stiffness --cards no/deck.bdf", 3,
        "stiffness: cannot write the cards to no/deck"},
   };

@@ -56,6 +56,29 @@ StiffnessResult laminate_stiffness(const PlyMaterial& material,
                                    const std::optional<PlyMaterial>& second,
                                    std::string_view layup);
 
+// Strengths of a ply material for the solver deck (compression positive); 0
+// for one not known.
+struct MaterialStrengths {
+  float f1t = 0.0f, f1c = 0.0f, f2t = 0.0f, f2c = 0.0f, f12 = 0.0f;
+};
+
+struct SolverDeckResult {
+  std::string entry_point;  // which of the two solver deck entry points ran
+  std::int32_t error_code = 0;
+  std::string message;  // the library's reason, without "Error! " and its point
+  std::string deck;
+};
+
+// Calls LAMINATE_SOLVER_DECK, or BI_MATERIAL_LAMINATE_SOLVER_DECK when a second
+// material is given. The layup must not be longer than 1000 characters.
+SolverDeckResult solver_deck(const PlyMaterial& material, const MaterialStrengths& s,
+                             const std::optional<PlyMaterial>& second,
+                             const MaterialStrengths& s2, std::string_view layup,
+                             bool crlf);
+
+// The meaning of a solver deck error code, in a few words.
+std::string solver_deck_error_meaning(std::int32_t code);
+
 // The meaning of a stiffness error code, in a few words.
 std::string stiffness_error_meaning(std::int32_t code);
 

@@ -1,5 +1,7 @@
 // corvane stiffness: [A], [B], [D], [D*], the apparent constants and the bulk
-// data cards of a laminate.
+// data cards of a laminate, in the established deck or the solver deck.
+#include <algorithm>
+#include <array>
 #include <cstring>
 #include <fstream>
 #include <ostream>
@@ -14,6 +16,19 @@
 
 namespace corvane::cli {
 namespace {
+
+// The strengths the solver deck's MAT8 cards carry.
+struct StrengthOption {
+  std::string_view option, meaning;
+  float MaterialStrengths::*value;
+};
+constexpr std::array<StrengthOption, 5> kStrengthOptions{{
+    {"f1t", "tensile strength along the fibres", &MaterialStrengths::f1t},
+    {"f1c", "compressive strength along the fibres", &MaterialStrengths::f1c},
+    {"f2t", "tensile strength across the fibres", &MaterialStrengths::f2t},
+    {"f2c", "compressive strength across the fibres", &MaterialStrengths::f2c},
+    {"f12", "in-plane shear strength", &MaterialStrengths::f12},
+}};
 
 // The named material's record, or, when a value on the command line replaces
 // one of it or no material is named, a material built from the seven values as
@@ -57,6 +72,24 @@ class StiffnessCommand : public Command {
                      "write the bulk data cards (MAT8, PCOMP, MAT2; CR LF line ends) to "
                      "FILE")
         ->type_name("FILE");
+    app_->add_option("--deck", deck_,
+                     "the deck --cards writes: established (the deck of the stiffness "
+                     "entry points) or solver (the published NASTRAN bulk data card "
+                     "formats, LF line ends; see docs/cards.md)")
+        ->check(CLI::IsMember({"established", "solver"}))
+        ->type_name("NAME");
+    app_->add_flag("--crlf", crlf_, "with --deck solver, end the lines in CR LF");
+    for (std::size_t k = 0; k < kStrengthOptions.size(); ++k) {
+      const StrengthOption& f = kStrengthOptions[k];
+      first_[k] = add_real_option(
+          *app_, "--" + std::string(f.option), first_text_[k],
+          std::string(f.meaning) + " (default the named material's, else none: blank)");
+      first_[k]->group("Ply strengths for --deck solver");
+      second_[k] = add_real_option(
+          *app_, "--m2-" + std::string(f.option), second_text_[k],
+          "material 2: " + std::string(f.meaning) + " (default the first's)");
+      second_[k]->group("Ply strengths for --deck solver");
+    }
     app_->add_flag("--report", report_,
                    "print the laminate report (materials, stacking, apparent constants, "
                    "matrices) and its summary line instead");
@@ -65,6 +98,8 @@ class StiffnessCommand : public Command {
         "Examples:\n"
         "  corvane stiffness\n"
         "  corvane stiffness \"(0/90)2S\" --e1 140000 --cards laminate.bdf\n"
+        "  corvane stiffness \"(0/45/-45/90)2S\" --deck solver --cards laminate.bdf "
+        "--f1t 1500 --f1c 1200 --f2t 40 --f2c 246 --f12 70\n"
         "  corvane stiffness \"(0/45/-45/90)S\" --material T300/5208 --report\n"
         "  corvane stiffness \"(0/45./-45./90)S\" --m2-t 0.2 --m2-e1 60000 --m2-e2 "
         "60000");
@@ -73,8 +108,20 @@ class StiffnessCommand : public Command {
   CLI::App& parser() override { return *app_; }
 
   int run(std::ostream& out, std::ostream& err) override {
+    const bool solver = deck_ == "solver";
+    if (!solver) {
+      for (const auto* options : {&first_, &second_}) {
+        for (const CLI::Option* option : *options) {
+          if (given(option)) {
+            throw UsageError{option->get_name() + " goes with --deck solver"};
+          }
+        }
+      }
+      if (crlf_) throw UsageError{"--crlf goes with --deck solver"};
+    }
     Output o("stiffness", json_, out, err);
     o.input()["laminate"] = laminate_.describe();
+    o.input()["deck"] = deck_;
     if (!cards_file_.empty()) o.input()["cards_file"] = cards_file_;
     const StiffnessResult r = laminate_.compute();
     o.entry_point(r.entry_point);
@@ -97,11 +144,36 @@ class StiffnessCommand : public Command {
     results["alpha_x"] = json_real(r.alphax);
     results["alpha_y"] = json_real(r.alphay);
     results["alpha_xy"] = json_real(r.alphaxy);
-    results["cards"] = r.cards;
+    std::string cards = r.cards;
+    if (solver) {
+      // A named material brings its strengths; options given replace them.
+      const auto named = [this](int material, const MaterialStrengths& otherwise) {
+        const MaterialEntry* e = laminate_.named(material);
+        if (!e) return otherwise;
+        const LAMINA& m = e->lamina;
+        return MaterialStrengths{m.F1t, m.F1c, m.F2t, m.F2c, m.F12};
+      };
+      const MaterialStrengths s1 = strengths(first_text_, named(1, MaterialStrengths{}));
+      // A --m2- strength asks for material 2 as a --m2- modulus does.
+      std::optional<PlyMaterial> m2 = laminate_.second_material();
+      if (!m2 && std::any_of(second_.begin(), second_.end(), given)) {
+        m2 = laminate_.material();
+      }
+      const SolverDeckResult deck =
+          solver_deck(laminate_.material(), s1, m2, strengths(second_text_, named(2, s1)),
+                      laminate_.layup(), crlf_);
+      o.entry_point(deck.entry_point);
+      if (deck.error_code != 0) {
+        return o.fail(deck.error_code, solver_deck_error_meaning(deck.error_code),
+                      deck.message);
+      }
+      cards = deck.deck;
+    }
+    results["cards"] = cards;
 
     if (!cards_file_.empty()) {
       std::ofstream file(cards_file_, std::ios::binary);
-      file << r.cards;
+      file << cards;
       file.close();
       if (!file)
         return o.fail_plain("cannot write the cards to " + cards_file_, kExitFile);
@@ -138,10 +210,24 @@ class StiffnessCommand : public Command {
   }
 
  private:
+  // The given strengths, the others those of `defaults`.
+  static MaterialStrengths strengths(const std::array<std::string, 5>& texts,
+                                     const MaterialStrengths& defaults) {
+    MaterialStrengths s = defaults;
+    for (std::size_t k = 0; k < texts.size(); ++k) {
+      if (!texts[k].empty()) s.*kStrengthOptions[k].value = real_value(texts[k]);
+    }
+    return s;
+  }
+
   CLI::App* app_ = nullptr;
   LaminateOptions laminate_;
   std::string cards_file_;
   bool report_ = false;
+  std::string deck_ = "established";
+  bool crlf_ = false;
+  std::array<std::string, 5> first_text_, second_text_;
+  std::array<CLI::Option*, 5> first_{}, second_{};
   bool json_ = false;
 };
 

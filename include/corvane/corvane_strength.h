@@ -1,7 +1,8 @@
 /*
- * corvane_strength.h: the C interface of Corvane's laminate strength analysis,
- * the library corvane_strength (libcorvane_strength.so, corvane_strength.dll),
- * which stands beside the library of corvane.h and needs nothing from it.
+ * corvane_strength.h: the C interface of Corvane's laminate strength analysis
+ * and solver deck, the library corvane_strength (libcorvane_strength.so,
+ * corvane_strength.dll), which stands beside the library of corvane.h and
+ * needs nothing from it.
  *
  * The calling style is that of corvane.h. The entry point returns nothing and
  * reports through its last argument, an error code. Every argument is passed
@@ -216,6 +217,73 @@ CORVANE_STRENGTH_API void MATERIAL_NAMES(const char* places, int64_t places_leng
                                          int32_t* count, char* names,
                                          int64_t names_length, char* message,
                                          int64_t message_length, int32_t* ierr);
+/* Length of the deck written by the solver deck entry points: room for the
+ * longest deck, that of 255 plies, line ends and all. */
+#define CORVANE_SOLVER_DECK_LENGTH 32768
+
+/*
+ * LAMINATE_SOLVER_DECK: the bulk data deck of a laminate of one ply material
+ * laid out by the published NASTRAN bulk data card formats (small field, large
+ * field where 8 characters cannot hold a value to single precision), for
+ * finite-element programs that read those formats strictly: a MAT8 (id 101),
+ * a PCOMP of the plies (1001) and a PSHELL (1002) with its MAT2 cards of the
+ * unrounded membrane (2001), bending (2002) and coupling (2004) stiffness. No
+ * GRID: the deck is meant to be included in a model. It stands beside the deck
+ * of LAMINATE_STIFFNESS, which keeps its own layout; docs/cards.md compares
+ * them field by field.
+ *
+ * t, e1, e2, g12, nu12, cte1, cte2
+ *                        the ply material, as in LAMINATE_STIFFNESS
+ * f1t, f1c, f2t, f2c, f12
+ *                        strengths (compression positive) for the MAT8 fields
+ *                        Xt, Xc, Yt, Yc and S; 0 for one not known, which
+ *                        leaves its field blank. When all five are given (for
+ *                        every material) the PCOMP names the maximum strain
+ *                        failure theory.
+ * layup, layup_length    stacking sequence, e.g. "(0/45/-45/90)2S"
+ * crlf                   0: lines end in LF; any other value (-1): CR LF
+ * deck, deck_length      out: the deck, blank padded to exactly
+ *                        CORVANE_SOLVER_DECK_LENGTH characters
+ * length                 out: the number of characters of the deck, line ends
+ *                        included; the rest of `deck` is padding
+ * message, message_length
+ *                        out: the reason of a refusal, one "Error! ..." line,
+ *                        blank padded or cut to exactly
+ *                        CORVANE_STRENGTH_MESSAGE_LENGTH characters; all
+ *                        blanks on success
+ * ierr                   out: 0 success;
+ *                        1 invalid ply material (a constant below its limit
+ *                          or a negative strength);
+ *                        2 stacking sequence refused or laminate unusable;
+ *                        3 a value of the deck is not finite;
+ *                        8 memory exhausted.
+ * On error only ierr and message are written: deck and length keep what the
+ * caller had in them.
+ */
+CORVANE_STRENGTH_API void LAMINATE_SOLVER_DECK(
+    const float* t, const float* e1, const float* e2, const float* g12, const float* nu12,
+    const float* cte1, const float* cte2, const float* f1t, const float* f1c,
+    const float* f2t, const float* f2c, const float* f12, const char* layup,
+    int64_t layup_length, const int32_t* crlf, char* deck, int64_t deck_length,
+    int32_t* length, char* message, int64_t message_length, int32_t* ierr);
+
+/*
+ * BI_MATERIAL_LAMINATE_SOLVER_DECK: LAMINATE_SOLVER_DECK for a laminate of two
+ * ply materials (MAT8 101 and 102). The twelve values of material 1 (t_1 ...
+ * f12_1) come first, then those of material 2; every other argument is that of
+ * LAMINATE_SOLVER_DECK. In the layup a ply angle written with a trailing "."
+ * (such as "45.") is a ply of material 2.
+ */
+CORVANE_STRENGTH_API void BI_MATERIAL_LAMINATE_SOLVER_DECK(
+    const float* t_1, const float* e1_1, const float* e2_1, const float* g12_1,
+    const float* nu12_1, const float* cte1_1, const float* cte2_1, const float* f1t_1,
+    const float* f1c_1, const float* f2t_1, const float* f2c_1, const float* f12_1,
+    const float* t_2, const float* e1_2, const float* e2_2, const float* g12_2,
+    const float* nu12_2, const float* cte1_2, const float* cte2_2, const float* f1t_2,
+    const float* f1c_2, const float* f2t_2, const float* f2c_2, const float* f12_2,
+    const char* layup, int64_t layup_length, const int32_t* crlf, char* deck,
+    int64_t deck_length, int32_t* length, char* message, int64_t message_length,
+    int32_t* ierr);
 
 #ifdef __cplusplus
 }

@@ -1,7 +1,8 @@
 """Corvane from Python: laminate stiffness by classical laminate theory,
 membrane strains, buckling loads and reserve factors of flat plates and
-curved panels, and first-ply failure under many load cases, computed by the
-Corvane shared libraries in single precision.
+curved panels, first-ply failure under many load cases, and bulk data decks
+for finite-element models, computed by the Corvane shared libraries in single
+precision.
 
     import corvane
     ply = corvane.Ply(t=0.125, E1=135000.0, E2=10000.0, G12=5000.0, nu12=0.3)
@@ -37,6 +38,7 @@ from .buckling import (
     plate_buckling_rf,
     shell_buckling_loads,
 )
+from .deck import solver_deck
 from .errors import CorvaneError, Error, LibraryError
 from .laminate import (
     InPlaneStrains,
@@ -86,6 +88,7 @@ __all__ = [
     "plate_buckling_loads",
     "plate_buckling_rf",
     "shell_buckling_loads",
+    "solver_deck",
     "strains_in_plane",
     "strength_library_path",
 ]

@@ -35,9 +35,10 @@ CARDS_LENGTH = 10000
 
 STRENGTH_ENVIRONMENT_VARIABLE = "CORVANE_STRENGTH_LIBRARY"
 
-# Lengths of the strength entry point's texts.
+# Lengths of the strength entry point's texts, and of the solver deck.
 CRITERION_LENGTH = 32
 MESSAGE_LENGTH = 200
+SOLVER_DECK_LENGTH = 32768
 
 # Lengths of the material data entry points' texts, and their values.
 MATERIAL_NAME_LENGTH = 80
@@ -145,6 +146,9 @@ _STIFFNESS_RESULTS = [_I, _F, _F, _F, _F] + [_F] * 8 + [_I, c_char_p, c_int64, _
 # options, the load cases and their results, the message and the error code.
 _STRENGTH_REST = [c_char_p, c_int64, c_char_p, c_int64, _F, _I, _F]
 _STRENGTH_REST += [_F, _I, _I, _I, c_char_p, c_int64, _I]
+# What follows the materials in the solver deck entry points: layup, line ends,
+# the deck and its length, the message and the error code.
+_DECK_REST = [c_char_p, c_int64, _I, c_char_p, c_int64, _I, c_char_p, c_int64, _I]
 _PROTOTYPES = {
     "LAMINATE_STIFFNESS": [_F] * 7 + [c_char_p, c_int64] + _STIFFNESS_RESULTS,
     "BI_MATERIAL_LAMINATE_STIFFNESS": [_F] * 14
@@ -159,6 +163,8 @@ _PROTOTYPES = {
     "MATERIAL_DATA": [c_char_p, c_int64] * 3
     + [_F, _I, c_char_p, c_int64, c_char_p, c_int64, _I, c_char_p, c_int64, _I],
     "MATERIAL_NAMES": [c_char_p, c_int64] * 2 + [_I, c_char_p, c_int64, c_char_p, c_int64, _I],
+    "LAMINATE_SOLVER_DECK": [_F] * 12 + _DECK_REST,
+    "BI_MATERIAL_LAMINATE_SOLVER_DECK": [_F] * 24 + _DECK_REST,
 }
 # The entry points of the strength library; the others are of the first.
 _STRENGTH_ENTRY_POINTS = {
@@ -166,6 +172,8 @@ _STRENGTH_ENTRY_POINTS = {
     "BI_MATERIAL_LAMINATE_STRENGTH",
     "MATERIAL_DATA",
     "MATERIAL_NAMES",
+    "LAMINATE_SOLVER_DECK",
+    "BI_MATERIAL_LAMINATE_SOLVER_DECK",
 }
 
 

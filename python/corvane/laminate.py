@@ -9,6 +9,7 @@ from ctypes import byref, c_float, c_int32, create_string_buffer
 import numpy as np
 
 from . import _convert, _library
+from .deck import solver_deck
 from .errors import CorvaneError
 from .strength import laminate_strength
 
@@ -112,6 +113,12 @@ class LaminateStiffness:
         """First-ply failure under load cases: laminate_strength with this
         laminate's ply materials and layup (options: f12_star, puck)."""
         return laminate_strength(self.materials, self.layup, loads, criterion, **options)
+
+    def solver_deck(self, *, crlf=False):
+        """The deck laid out by the published NASTRAN bulk data card formats
+        (corvane.solver_deck) of this laminate's ply materials and layup,
+        their strengths included; `cards` holds the established deck."""
+        return solver_deck(self.materials, self.layup, crlf=crlf)
 
 
 def _call_stiffness(entry, ply_materials, layup):
