@@ -75,6 +75,17 @@ CripplingStatus first_ply_failure(const LAMINATE& laminate, std::int32_t criteri
   StrengthStatus status = plan.status();
   if (status.ok())
     status = plan.evaluate(load, {{&rf, 1}, {&ply, 1}, {&surface, 1}, {&mode, 1}});
+  if (status.error == StrengthError::strength_missing) {
+    // The laminate's own material number means nothing to the section's caller
+    // unless the laminate has two.
+    const std::string which =
+        laminate.materials.size() > 1
+            ? "ply material " + std::to_string(status.material) + ", "
+            : std::string();
+    return refuse(CripplingError::strength_missing, segment,
+                  std::string(status.name) + " missing (" + which + "criterion " +
+                      std::string(criterion_keyword(criterion)) + ")");
+  }
   if (!status.ok()) {
     std::string words = status.message();
     if (words.starts_with("Error! ")) words.erase(0, 7);

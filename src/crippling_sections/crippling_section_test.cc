@@ -251,7 +251,7 @@ TEST(CripplingSection, RefusalsNameTheCauseAndWriteNothing) {
     const char* text;
   } laminates[] = {
       {&no_f2c, CripplingError::strength_missing,
-       "Error! Segment 1: F2c missing (material 1, criterion PUCK)."},
+       "Error! Segment 1: F2c missing (criterion PUCK)."},
       {&broken, CripplingError::laminate_in_error,
        "Error! Segment 1: laminate in error."},
   };
