@@ -149,9 +149,18 @@ _PROTOTYPES = {
     "LAMINATE_SHELL_BUCKLING_LOADS": [_F] * 9 + [_I],
     "LAMINATE_STRENGTH": [_F] * 14 + _STRENGTH_REST,
     "BI_MATERIAL_LAMINATE_STRENGTH": [_F] * 28 + _STRENGTH_REST,
+    "SECTION_CRIPPLING": [_I, _F, _I, _F, _I, _I, _F, c_char_p, c_int64, c_char_p, c_int64]
+    + [_F] * 7
+    + [_I]
+    + [_F] * 7
+    + [_I, c_char_p, c_int64, _I],
 }
 # The entry points of the strength library; the others are of the first.
-_STRENGTH_ENTRY_POINTS = {"LAMINATE_STRENGTH", "BI_MATERIAL_LAMINATE_STRENGTH"}
+_STRENGTH_ENTRY_POINTS = {
+    "LAMINATE_STRENGTH",
+    "BI_MATERIAL_LAMINATE_STRENGTH",
+    "SECTION_CRIPPLING",
+}
 
 
 @functools.cache
