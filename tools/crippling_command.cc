@@ -358,7 +358,7 @@ class CripplingCommand : public Command {
                          const CRIPPLINGSECTION& section, const SectionCrippling& r,
                          const PlyMaterial& material, const LAMINA& ply) {
     out << "Section of " << specs.size() << " segment" << (specs.size() == 1 ? "" : "s")
-        << "; Fcu not given: first-ply failure under compression by "
+        << "; Fcu where not given: first-ply failure under compression by "
         << criterion_keyword(section.criterion) << '\n'
         << "Material:   " << material_line(material) << '\n'
         << "Strengths:  " << strength_line(ply) << "\n\n";
