@@ -13,13 +13,19 @@
 #include "corvane/corvane_strength.h"
 #include "fuzz_input.h"
 
+namespace {
+std::uint32_t bits_of(float x) {
+  std::uint32_t b = 0;
+  std::memcpy(&b, &x, sizeof b);
+  return b;
+}
+}  // namespace
+
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   static const char* const kCriteria[] = {"PUCK", "TSAI_WU", "MAX_STRAIN_I", "MTS",
                                           "AOSL", "",        "tsai_hill"};
   corvane::fuzz::FuzzInput in(data, size);
-  const float first = in.next_float();
-  std::uint32_t choice = 0;
-  std::memcpy(&choice, &first, sizeof choice);
+  const std::uint32_t choice = bits_of(in.next_float());
   const int32_t nm = static_cast<int32_t>(choice % 4) - 1;
   const int32_t ns = static_cast<int32_t>(choice / 4 % 6) - 1;
   const std::size_t m = nm > 0 ? static_cast<std::size_t>(nm) : 1;
@@ -32,9 +38,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   for (std::size_t i = 0; i < n; ++i) {
     for (std::size_t k = 0; k < 4; ++k) geometry[4 * i + k] = in.next_float();
     fcu[i] = in.next_float();
-    const float bits = in.next_float();
-    std::uint32_t b = 0;
-    std::memcpy(&b, &bits, sizeof b);
+    const std::uint32_t b = bits_of(in.next_float());
     edge[i] = static_cast<int32_t>(b % 4);
     material[i] = static_cast<int32_t>(b / 4 % 4);
   }
@@ -48,41 +52,27 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   }
   std::vector<float> t(n, -1.0f), ex(n, -1.0f), used(n, -1.0f), fcc(n, -1.0f);
   std::vector<int32_t> warning(n, -1);
-  float section[7] = {-1, -1, -1, -1, -1, -1, -1};
+  float s[7] = {-1, -1, -1, -1, -1, -1, -1};
   int32_t mode = -1, ierr = -2;
   std::string message(CORVANE_STRENGTH_MESSAGE_LENGTH, '-');
   SECTION_CRIPPLING(&nm, materials.data(), &ns, geometry.data(), edge.data(),
                     material.data(), fcu.data(), layups.data(), 3, criterion.data(), 5,
                     options, &length, &fixity, t.data(), ex.data(), used.data(),
-                    fcc.data(), warning.data(), &section[0], &section[1], &section[2],
-                    &section[3], &section[4], &section[5], &section[6], &mode,
-                    message.data(), 7, &ierr);
+                    fcc.data(), warning.data(), &s[0], &s[1], &s[2], &s[3], &s[4], &s[5],
+                    &s[6], &mode, message.data(), 7, &ierr);
   // A refusal says why and writes no result; a success gives results in range
-  // and a warning line or blanks (a subnormal Fcu may cripple at 0).
-  if (ierr < 0 || ierr > 12 || (message.rfind("Error! ", 0) == 0) != (ierr != 0)) {
-    std::abort();
-  }
-  if (ierr != 0) {
-    bool written = mode != -1;
-    for (float v : section) written = written || v != -1.0f;
-    for (std::size_t i = 0; i < n; ++i) {
-      written = written || t[i] != -1.0f || fcc[i] != -1.0f || warning[i] != -1;
-    }
-    if (written) std::abort();
-    return 0;
-  }
-  if (message.rfind("Warning! ", 0) != 0 &&
-      message != std::string(CORVANE_STRENGTH_MESSAGE_LENGTH, ' ')) {
-    std::abort();
-  }
+  // (a subnormal Fcu may cripple at 0) and a warning line or blanks.
+  const bool refused = ierr != 0, error_line = message.rfind("Error! ", 0) == 0;
+  if (ierr < 0 || ierr > 12 || error_line != refused) std::abort();
+  bool bad = refused ? mode != -1 || s[2] != -1.0f
+                     : (mode != 1 && mode != 2) || !(s[6] >= 0.0f) || s[5] > s[2] ||
+                           (message.rfind("Warning! ", 0) != 0 &&
+                            message.find_first_not_of(' ') != std::string::npos);
   for (std::size_t i = 0; i < n; ++i) {
-    if (!(t[i] > 0.0f) || !(fcc[i] >= 0.0f) || fcc[i] > used[i] || warning[i] < 0 ||
-        warning[i] > 2) {
-      std::abort();
-    }
+    bad = bad || (refused ? t[i] != -1.0f || fcc[i] != -1.0f || warning[i] != -1
+                          : !(t[i] > 0.0f) || !(fcc[i] >= 0.0f) || fcc[i] > used[i] ||
+                                warning[i] < 0 || warning[i] > 2);
   }
-  if ((mode != 1 && mode != 2) || !(section[6] >= 0.0f) || section[5] > section[2]) {
-    std::abort();
-  }
+  if (bad) std::abort();
   return 0;
 }

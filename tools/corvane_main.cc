@@ -21,8 +21,8 @@ int main(int argc, char** argv) {
       "of fibre-reinforced laminates. Units are any consistent set; the built-in\n"
       "material is in mm, MPa and 1/K: a carbon/epoxy tape with t = 0.125,\n"
       "E1 = 135000, E2 = 10000, G12 = 5000, nu12 = 0.3, CTE1 = -0.3e-6, CTE2 = 28e-6\n"
-      "and the strengths of\n"
-      "T300/5208 (Tsai and Hahn 1980), F1t = F1c = 1500, F2t = 40, F2c = 246, F12 = 68;\n"
+      "and the strengths of T300/5208 (Tsai and Hahn 1980), F1t = F1c = 1500,\n"
+      "F2t = 40, F2c = 246, F12 = 68;\n"
       "the default layup is (0/45/-45/90)S.",
       "corvane");
   program.set_version_flag("--version", std::string("corvane ") + CORVANE_VERSION);

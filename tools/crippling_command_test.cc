@@ -1,17 +1,13 @@
-// Runs "corvane crippling" and checks its table and JSON against the core's
-// CRIPPLINGSECTION, the two file forms against each other, and its answers to
-// bad input.
+// Runs "corvane crippling": a hat section from a text file, a JSON file and
+// --segment options against the core's CRIPPLINGSECTION, and bad input.
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <cstdio>
-#include <cstdlib>
 #include <fstream>
 #include <nlohmann/json.hpp>
 #include <sstream>
 #include <string>
-#include <vector>
 
 #include "crippling_sections/crippling_section.h"
 #include "laminates/stacking_sequence.h"
@@ -25,49 +21,38 @@ struct Outcome {
   std::string out, err;
 };
 
-std::string scratch(const std::string& name) {
-  return ::testing::TempDir() + "crippling_test_" + std::to_string(getpid()) + name;
-}
-
-std::string read(const std::string& path) {
-  std::stringstream text;
-  text << std::ifstream(path).rdbuf();
-  return text.str();
-}
-
 Outcome corvane(const std::string& args) {
-  const std::string out = scratch("out"), err = scratch("err");
+  const std::string out = ::testing::TempDir() + "crippling_" + std::to_string(getpid());
   const int status = std::system(
-      ("'" CORVANE_CLI_PROGRAM "' crippling " + args + " >" + out + " 2>" + err).c_str());
-  return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, read(out), read(err)};
+      ("'" CORVANE_CLI_PROGRAM "' crippling " + args + " >" + out + " 2>" + out + "e")
+          .c_str());
+  std::stringstream o, e;
+  o << std::ifstream(out).rdbuf();
+  e << std::ifstream(out + "e").rdbuf();
+  return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, o.str(), e.str()};
 }
 
-// A hat of the command's built-in tape and layup (t = 1): crown and webs NEF
-// b = 30, flanges OEF b = 15 (the left one with Fcu given).
-constexpr const char* kHat =
-    "# hat stiffener\n"
-    "b=15, edge=OEF, y=-22.5, z=0, fcu=480\n"
-    "b=30 edge=NEF y=-15 z=15 angle=90\n"
-    "b=30,edge=NEF,y=0,z=30\n"
-    "b=30,edge=NEF,y=15,z=15,angle=90\n"
-    "b=15,edge=OEF,y=22.5,z=0   # right flange\n";
-constexpr const char* kHatJson =
-    R"({"segments": [{"b": 15, "edge": "OEF", "y": -22.5, "z": 0, "fcu": 480},
-      {"b": 30, "edge": "nef", "y": -15, "z": 15, "angle": 90},
-      {"b": 30, "edge": "NEF", "y": 0, "z": 30},
-      {"b": 30, "edge": 2, "y": 15, "z": 15, "angle": 90},
-      {"b": 15, "edge": "OEF", "y": 22.5, "z": 0, "layup": "(0/45/-45/90)S"}]})";
-
-TEST(CripplingCommand, TextAndJsonFilesGiveTheCoresNumbers) {
+// A hat of the built-in tape and layup (t = 1): webs and crown NEF b = 30,
+// flanges OEF b = 15, the left one with Fcu given.
+TEST(CripplingCommand, FilesAndOptionsGiveTheCoresNumbers) {
+  const std::string text = ::testing::TempDir() + "hat" + std::to_string(getpid()),
+                    json = text + ".json";
+  std::ofstream(text)
+      << "# hat\nb=15, edge=OEF, y=-22.5, fcu=480\n"
+         "b=30 edge=NEF y=-15 z=15 angle=90\nb=30,edge=NEF,z=30\n"
+         "b=30,edge=NEF,y=15,z=15,angle=90\nb=15,edge=OEF,y=22.5  # flange\n";
+  std::ofstream(json)
+      << R"({"segments": [{"b": 15, "edge": "OEF", "y": -22.5, "fcu": 480},
+      {"b": 30, "edge": "nef", "y": -15, "z": 15, "angle": 90}, {"b": 30, "edge": 2, "z": 30},
+      {"b": 30, "edge": "NEF", "y": 15, "z": 15, "angle": 90, "layup": "(0/45/-45/90)S"},
+      {"b": 15, "edge": "OEF", "y": 22.5}]})";
   LAMINA m = new_lamina(0.125f, 135000.0f, 10000.0f, 5000.0f, 0.3f, 1500.0f, 1500.0f);
-  m.CTE1 = -0.3e-6f;
-  m.CTE2 = 28.0e-6f;
   m.set_strengths(1500.0f, 1500.0f, 68.0f, 40.0f, 246.0f);
   std::vector<float> angles;
   parse_stacking_sequence("(0/45/-45/90)S", angles);
   const LAMINATESTRESSED lam(m, angles);
-  CRIPPLINGSECTION hat;
   const auto oef = EdgeCondition::one_edge_free, nef = EdgeCondition::no_edge_free;
+  CRIPPLINGSECTION hat;
   hat.segments = {{15, -22.5f, 0, 0, oef, &lam, 480},
                   {30, -15, 15, 90, nef, &lam, 0},
                   {30, 0, 30, 0, nef, &lam, 0},
@@ -77,63 +62,38 @@ TEST(CripplingCommand, TextAndJsonFilesGiveTheCoresNumbers) {
   SectionCrippling r;
   ASSERT_TRUE(hat.analyse(r).ok());
 
-  const std::string text = scratch(".txt"), json = scratch(".json");
-  std::ofstream(text) << kHat;
-  std::ofstream(json) << kHatJson;
-  const Outcome from_text =
-      corvane("--section " + text + " --length 600 --fixity 2 --json");
-  const Outcome from_json =
-      corvane("--section " + json + " --length 600 --fixity 2 --json");
-  ASSERT_EQ(from_text.status, 0) << from_text.err;
-  EXPECT_EQ(from_text.out, from_json.out);
-  EXPECT_EQ(from_text.err, "");
-  const auto j = nlohmann::json::parse(from_text.out);
+  const Outcome a = corvane("--section " + text + " --length 600 --fixity 2 --json");
+  ASSERT_EQ(a.status, 0) << a.err;
+  EXPECT_EQ(a.out, corvane("--section " + json + " --length 600 --fixity 2 --json").out);
+  const auto j = nlohmann::json::parse(a.out);
   for (std::size_t i = 0; i < 5; ++i) {
     EXPECT_EQ(j["segments"][i]["Fcc"].get<float>(), r.segments[i].fcc);
-    EXPECT_EQ(j["segments"][i]["Fcu"].get<float>(), r.segments[i].fcu);
   }
   EXPECT_EQ(j["section"]["Pcc"].get<float>(), r.pcc);
-  EXPECT_EQ(j["section"]["EA"].get<float>(), r.ea);
   EXPECT_EQ(j["section"]["rho"].get<float>(), r.rho);
   EXPECT_EQ(j["column"]["P"].get<float>(), r.column_load);
-  EXPECT_EQ(j["column"]["mode"], column_mode_name(r.column));
-
-  // The same section from --segment options, as a table.
   const Outcome table = corvane(
       "--segment b=15,edge=OEF,y=-22.5,fcu=480 --segment "
       "b=30,edge=NEF,y=-15,z=15,angle=90 "
       "--segment b=30,edge=NEF,z=30 --segment b=30,edge=NEF,y=15,z=15,angle=90 "
       "--segment b=15,edge=OEF,y=22.5 --length 600 --fixity 2");
-  ASSERT_EQ(table.status, 0) << table.err;
   std::ostringstream pcc;
   pcc << "\nPcc                = " << r.pcc << '\n';
   EXPECT_NE(table.out.find(pcc.str()), std::string::npos) << table.out;
-  EXPECT_NE(
-      table.out.find("   1 OEF        15    -22.5        0        0 (0/45/-45/90)S "),
-      std::string::npos)
-      << table.out;
-  std::remove(text.c_str());
-  std::remove(json.c_str());
 }
 
 TEST(CripplingCommand, BadInputNamesTheFault) {
-  const std::string file = scratch("_bad.txt");
+  const std::string file = ::testing::TempDir() + "bad" + std::to_string(getpid());
   std::ofstream(file) << "b=20,edge=OEF\nb=20,edge=OEF,q=1\n";
   const struct {
-    std::string args;
+    std::string args, err;
     int status;
-    std::string err;
   } rows[] = {
-      {"--segment b=20", 2, "--segment b=20: a segment needs b= and edge="},
-      {"--segment b=20,edge=OEF --fixity -1", 1,
-       "end fixity coefficient -1 is not a positive number (library error code 10"},
-      {"--segment b=20,edge=NEF --segment b=0,edge=OEF", 1,
-       "segment 2: width 0 is not a positive number (library error code 6"},
-      {"--segment 'b=20,edge=OEF,layup=(0/9x)'", 1, "segment 1: the layup \"(0/9x)\" is"},
-      {"--segment b=20,edge=OEF --criterion nope", 1, "unknown criterion \"nope\""},
-      {"--section " + file, 1, file + " line 2: unknown key \"q\""},
-      {"--segment b=200,edge=OEF", 0,
-       "warning: segment 1: b/t above 4-30 (OEF crippling relation fitted there)"},
+      {"--segment b=20", "--segment b=20: a segment needs b= and edge=", 2},
+      {"--segment b=20,edge=OEF --fixity -1", "end fixity coefficient -1 is not a", 1},
+      {"--segment 'b=20,edge=OEF,layup=(0/9x)'", "segment 1: the layup \"(0/9x)\" is", 1},
+      {"--section " + file, file + " line 2: unknown key \"q\"", 1},
+      {"--segment b=200,edge=OEF", "warning: segment 1: b/t above 4-30 (OEF", 0},
   };
   for (const auto& row : rows) {
     const Outcome run = corvane(row.args);
@@ -141,7 +101,6 @@ TEST(CripplingCommand, BadInputNamesTheFault) {
     EXPECT_NE(run.err.find("corvane crippling: " + row.err), std::string::npos)
         << run.err;
   }
-  std::remove(file.c_str());
 }
 
 }  // namespace

@@ -12,16 +12,16 @@
 //   one edge free (OEF):  Fcc/Fcu = 1.63 (b/t)^-0.717
 //   no edge free (NEF):   Fcc/Fcu = 11.0 (b/t)^-1.124
 // each capped at Fcc = Fcu (b/t below 1.98 and 8.44). Sources: MIL-HDBK-17-3F,
-// Composite Materials Handbook, Vol. 3 (2002), chapter 5, crippling of
+// Composite Materials Handbook, Vol. 3 (2002), its section on the crippling of
 // laminated compression elements; C. Kassapoglou, Design and Analysis of
-// Composite Structures, Wiley (2010), section 8.5 (crippling), the same two
-// relations. Outside the b/t range the relations are taken here to be fitted
-// on (kOneEdgeFreeRange, kNoEdgeFreeRange) a segment's result is kept and
-// flagged with a RangeWarning, never refused and never silent.
+// Composite Structures, Wiley (2010), chapter 8 (composite beams), its section
+// on crippling, which gives the same two relations. Outside the b/t range the relations
+// are taken here to be fitted on (kOneEdgeFreeRange, kNoEdgeFreeRange) a segment's result
+// is kept and flagged with a RangeWarning, never refused and never silent.
 //
 // Section crippling: the width-times-thickness weighted mean of the segments'
 // crippling stresses, Fcc = sum(Fcc_i b_i t_i) / sum(b_i t_i), and the crippling
-// load Pcc = Fcc A, A = sum(b_i t_i) (Kassapoglou, section 8.5; MIL-HDBK-17-3F).
+// load Pcc = Fcc A, A = sum(b_i t_i) (Kassapoglou, chapter 8; MIL-HDBK-17-3F).
 // Axial stiffness EA = sum(Ex_i t_i b_i), Ex the laminate's apparent membrane
 // modulus.
 //
@@ -40,8 +40,8 @@
 // (y, z) and the directions of their widths in the section plane: each segment
 // adds EA_i d d' (parallel axes), Ex t b^3/12 about the axis normal to it (its
 // membrane bending) and b/d11 about its own width (plate bending, d11 the (1,1)
-// term of the laminate's bending compliance), the stiffnesses used for
-// laminated beam sections by Kassapoglou, section 8.2.
+// term of the laminate's bending compliance), the membrane and bending
+// stiffnesses of laminated beam sections in Kassapoglou, chapter 8.
 #pragma once
 
 #include <cstdint>
