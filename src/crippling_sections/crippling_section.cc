@@ -218,9 +218,9 @@ CripplingStatus CRIPPLINGSECTION::analyse(SectionCrippling& out) const {
     jyz += ku * (cs * sn) - kn * (sn * cs) + ea * (dy * dz);
   }
   // The least principal value as det/largest: no cancellation when the section's
-  // axes are those of y and z (jyz = 0).
+  // axes are those of y and z (jyz = 0); divided first, so no product overflows.
   const float largest = 0.5f * (jyy + jzz) + std::hypot(0.5f * (jyy - jzz), jyz);
-  r.ei_min = (jyy * jzz - jyz * jyz) / largest;
+  r.ei_min = (jyy / largest) * jzz - (jyz / largest) * jyz;
   for (const float x : {r.area, r.ea, r.fcc, r.pcc, r.yc, r.zc, r.ei_min}) {
     if (!finite(x)) {
       return refuse(CripplingError::out_of_range, 0,
