@@ -109,6 +109,11 @@ TEST(CripplingSection, ZSectionByHand) {
     EXPECT_EQ(r.column, column.mode) << column.length;
     EXPECT_NEAR(r.column_stress, column.stress, 2e-5 * column.stress) << column.length;
   }
+  for (SectionSegment& s : z.segments) s.y -= 3, s.z += 5;  // moved: the centroid too
+  const SectionCrippling moved = analyse(z);
+  EXPECT_NEAR(moved.yc, -3.0f, 1e-5f);
+  EXPECT_NEAR(moved.zc, 5.0f, 1e-5f);
+  EXPECT_NEAR(moved.ei_min, ei, 2e-5 * ei);
 }
 
 // Fcu by first-ply failure under compression, against hand values: a
