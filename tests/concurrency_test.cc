@@ -189,6 +189,33 @@ Bytes solver_deck(float t, const std::string& text, bool two = false) {
   return out;
 }
 
+// A channel of three segments (one material), the web's strength from
+// first-ply failure; `width` of the web and `length` vary the case.
+Bytes crippling(float width, float length, const std::string& criterion = "PUCK") {
+  const float m[14] = {0.125f, 181000, 10300, 7170, 0.28f, 0, 2e-5f,
+                       1500,   1500,   40,    246,  68,    0, 0};
+  const int32_t nm = 1, ns = 3, edge[3] = {1, 2, 1}, material[3] = {1, 1, 1};
+  const float geometry[12] = {20, 10, 20, 0, width, 0, 0, 90, 20, 10, -20, 0};
+  const float fcu[3] = {450, 0, 450}, options[3] = {-0.5f, 0.35f, 0.30f}, c = 1.5f;
+  std::vector<char> layups;
+  for (int k = 0; k < 3; ++k) {
+    const auto one = layup_buffer(k == 1 ? "(45/-45/0/90)2S" : "(0/45/-45/90)S");
+    layups.insert(layups.end(), one.begin(), one.end());
+  }
+  auto name = layup_buffer(criterion);
+  float t[3], ex[3], used[3], fcc[3], section[7];
+  int32_t warning[3], mode = 7, ierr = 7;
+  char message[CORVANE_STRENGTH_MESSAGE_LENGTH];
+  SECTION_CRIPPLING(&nm, m, &ns, geometry, edge, material, fcu, layups.data(), 0,
+                    name.data(), 0, options, &length, &c, t, ex, used, fcc, warning,
+                    &section[0], &section[1], &section[2], &section[3], &section[4],
+                    &section[5], &section[6], &mode, message, 0, &ierr);
+  Bytes out;
+  append(out, ierr, message);
+  if (ierr == 0) append(out, t, ex, used, fcc, warning, section, mode);
+  return out;
+}
+
 std::vector<std::function<Bytes()>> mixed_calls() {
   const Ply carbon{0.125f, 135000.0f, 10000.0f, 5000.0f, 0.3f, -0.3e-6f, 28e-6f};
   const Ply glass{0.2f, 70000.0f, 70000.0f, 5000.0f, 0.05f, 2e-6f, 2e-6f};
@@ -233,6 +260,10 @@ std::vector<std::function<Bytes()>> mixed_calls() {
       [=] { return solver_deck(0.125f, "(0/45/-45/90)3S"); },
       [=] { return solver_deck(0.13333334f, "(0/45./-45./90)2", true); },
       [=] { return solver_deck(-1, "(0/90)S"); },
+      [=] { return crippling(40, 300); },
+      [=] { return crippling(90, 2500, "TSAI_WU"); },
+      [=] { return crippling(-1, 300); },
+      [=] { return crippling(40, 300, "AOSL"); },
   };
 }
 

@@ -48,6 +48,12 @@ CASES = [
     ("strength '(0/45./-45/90)S' --nx -500 --dt -100", 0),
     ("strength --criterion mts2", 1),
     ("strength --loads x.csv", 2),
+    ("crippling --segment b=20,edge=OEF,y=10,z=20 --segment b=40,edge=NEF,angle=90"
+     " --segment b=20,edge=OEF,y=-10,z=-20 --length 300", 0),
+    ("crippling --segment b=2,edge=OEF --segment b=40,edge=NEF,angle=90 --length 300", 0),
+    ("crippling --segment b=-20,edge=OEF", 1),
+    ("crippling --length 300", 2),
+    ("crippling --segment b=20,edge=OEF --criterion aosl", 1),
     ("materials", 0),
     ("materials show t300/5208 --materials materials/textbook_tapes.mat", 0),
     ("materials --where T300/5280", 1),

@@ -258,6 +258,10 @@ int Output::failed(int status, Json error) {
   return status;
 }
 
+void Output::warning(const std::string& what) {
+  err_ << "corvane " << command_ << ": warning: " << what << '\n';
+}
+
 int Output::finish() {
   if (json_) {
     write_json(out_, data_, 0);

@@ -118,6 +118,9 @@ class Output {
   // A failure with no library code (a faulty input file, say), or one of
   // another exit status (kExitFile): the same without the code.
   int fail_plain(const std::string& what, int status = kExitFailed);
+  // A line "corvane <command>: warning: <what>" to standard error; the run
+  // goes on.
+  void warning(const std::string& what);
   // Prints the envelope for --json; returns kExitOk.
   int finish();
 

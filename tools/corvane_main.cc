@@ -1,6 +1,6 @@
-// The corvane command: laminate stiffness, strains, buckling loads and ply
-// strength from a terminal, through the library's entry points (strength through
-// the core's stressed laminate).
+// The corvane command: laminate stiffness, strains, buckling loads, ply strength
+// and section crippling from a terminal, through the library's entry points
+// (strength and crippling through the core).
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <iostream>
@@ -19,11 +19,12 @@
 int main(int argc, char** argv) {
   using namespace corvane::cli;
   CLI::App program(
-      "corvane: stiffness, strains, buckling loads and ply strength of fibre-reinforced\n"
-      "laminates. Units are any consistent set; the built-in material is in mm, MPa\n"
-      "and 1/K: a carbon/epoxy tape with t = 0.125, E1 = 135000, E2 = 10000,\n"
-      "G12 = 5000, nu12 = 0.3, CTE1 = -0.3e-6, CTE2 = 28e-6 and the strengths of\n"
-      "T300/5208 (Tsai and Hahn 1980), F1t = F1c = 1500, F2t = 40, F2c = 246, F12 = 68;\n"
+      "corvane: stiffness, strains, buckling loads, ply strength and section crippling\n"
+      "of fibre-reinforced laminates. Units are any consistent set; the built-in\n"
+      "material is in mm, MPa and 1/K: a carbon/epoxy tape with t = 0.125,\n"
+      "E1 = 135000, E2 = 10000, G12 = 5000, nu12 = 0.3, CTE1 = -0.3e-6, CTE2 = 28e-6\n"
+      "and the strengths of T300/5208 (Tsai and Hahn 1980), F1t = F1c = 1500,\n"
+      "F2t = 40, F2c = 246, F12 = 68;\n"
       "the default layup is (0/45/-45/90)S.",
       "corvane");
   program.set_version_flag("--version", std::string("corvane ") + CORVANE_VERSION);
@@ -36,6 +37,7 @@ int main(int argc, char** argv) {
   commands.push_back(add_reserve_factor_command(program));
   commands.push_back(add_shell_buckling_command(program));
   commands.push_back(add_strength_command(program));
+  commands.push_back(add_crippling_command(program));
   commands.push_back(add_materials_command(program));
   program.footer(
       "Run \"corvane COMMAND --help\" for a command's options and examples.\n"

@@ -22,69 +22,12 @@
 #include "laminates/stacking_sequence.h"
 #include "laminates_stressed/laminate_stressed.h"
 #include "number_text.h"
+#include "ply_strengths.h"
 #include "util/keywords.h"
 #include "util/number_reading.h"
 
 namespace corvane::cli {
 namespace {
-
-// Strengths (compression positive) and allowable strains of a ply material.
-// An allowable strain that is NaN is derived from the strengths (see lamina()).
-struct PlyStrengths {
-  float f1t, f1c, f2t, f2c, f12, uetall, uecall;
-};
-struct StrengthField {
-  std::string_view option, label, meaning;
-  float PlyStrengths::*value;
-  float LAMINA::*member;
-};
-constexpr std::array<StrengthField, 7> kStrengthFields{{
-    {"f1t", "F1t", "tensile strength along the fibres", &PlyStrengths::f1t, &LAMINA::F1t},
-    {"f1c", "F1c", "compressive strength along the fibres", &PlyStrengths::f1c,
-     &LAMINA::F1c},
-    {"f2t", "F2t", "tensile strength across the fibres", &PlyStrengths::f2t,
-     &LAMINA::F2t},
-    {"f2c", "F2c", "compressive strength across the fibres", &PlyStrengths::f2c,
-     &LAMINA::F2c},
-    {"f12", "F12", "in-plane shear strength", &PlyStrengths::f12, &LAMINA::F12},
-    {"uetall", "uetall", "allowable tensile strain along the fibres",
-     &PlyStrengths::uetall, &LAMINA::uetall},
-    {"uecall", "uecall", "allowable compressive strain along the fibres",
-     &PlyStrengths::uecall, &LAMINA::uecall},
-}};
-
-// The built-in material's strengths: those of T300/5208 carbon/epoxy tape
-// (S. W. Tsai and H. T. Hahn, Introduction to Composite Materials, 1980), paired
-// with the command's default moduli, which are not T300/5208's.
-PlyStrengths built_in_strengths() {
-  const LAMINA m = t300_5208();
-  return {m.F1t, m.F1c, m.F2t, m.F2c, m.F12, NAN, NAN};
-}
-
-// A ply material with its strengths. new_lamina derives the allowable strains
-// from F1t and F1c when it reads them as strengths (1 or more): 0.8 F1t/E1 and
-// F1c/E1. Below 1 it would read a strain, so a smaller strength derives none.
-LAMINA lamina(const PlyMaterial& m, const PlyStrengths& s) {
-  LAMINA l = new_lamina(m.t, m.e1, m.e2, m.g12, m.nu12, s.f1t >= 1.0f ? s.f1t : 0.0f,
-                        s.f1c >= 1.0f ? s.f1c : 0.0f);
-  l.CTE1 = m.cte1;
-  l.CTE2 = m.cte2;
-  l.set_strengths(s.f1t, s.f1c, s.f12, s.f2t, s.f2c);
-  if (!std::isnan(s.uetall)) l.uetall = s.uetall;
-  if (!std::isnan(s.uecall)) l.uecall = s.uecall;
-  return l;
-}
-
-// A negative strength or allowable, as "F2t = -40 is negative"; empty if none.
-std::string negative_strength(const PlyStrengths& s) {
-  for (const StrengthField& field : kStrengthFields) {
-    if (s.*field.value < 0.0f) {
-      return std::string(field.label) + " = " + format_general(s.*field.value) +
-             " is negative";
-    }
-  }
-  return {};
-}
 
 struct LoadField {
   std::string_view option, label, key, help;
@@ -471,15 +414,6 @@ class StrengthCommand : public Command {
       if (given(options[k])) s.*kStrengthFields[k].value = real_value(text[k]);
     }
     return s;
-  }
-
-  static std::string strength_line(const LAMINA& m) {
-    std::string line;
-    for (const StrengthField& f : kStrengthFields) {
-      line += (line.empty() ? "" : "  ") + std::string(f.label) + " = " +
-              format_general(m.*f.member);
-    }
-    return line;
   }
 
   static int strength_fail(Output& o, const StrengthStatus& status) {

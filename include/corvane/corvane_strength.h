@@ -284,6 +284,92 @@ CORVANE_STRENGTH_API void BI_MATERIAL_LAMINATE_SOLVER_DECK(
     const char* layup, int64_t layup_length, const int32_t* crlf, char* deck,
     int64_t deck_length, int32_t* length, char* message, int64_t message_length,
     int32_t* ierr);
+/* Values per material and per segment of SECTION_CRIPPLING. */
+#define CORVANE_CRIPPLING_MATERIAL_VALUES 14
+#define CORVANE_CRIPPLING_GEOMETRY_VALUES 4
+
+/*
+ * SECTION_CRIPPLING: the crippling stress and load of a thin-walled section
+ * built of flat laminate segments, its axial stiffness EA, and its allowable as
+ * a column of length L and end-fixity coefficient c (Johnson-Euler). Method,
+ * range and sources: docs/crippling.md.
+ *
+ * nmaterials             number of ply materials (1 or more)
+ * materials              14 floats per material, as the material arguments of
+ *                        LAMINATE_STRENGTH: t, e1, e2, g12, nu12, cte1, cte2,
+ *                        f1t, f1c, f2t, f2c, f12, uetall, uecall
+ * nsegments              number of segments (1 or more)
+ * geometry               4 floats per segment: width b (> 0, centre-line: from
+ *                        a free edge, or between supports), the centre y, z of
+ *                        the segment in the section plane and the direction of
+ *                        its width from the y axis in degrees (for the column's
+ *                        bending stiffness)
+ * edge                   per segment: 1 one edge free (OEF), 2 no edge free (NEF)
+ * material               per segment: its ply material, 1 to nmaterials
+ * fcu                    per segment: the laminate's compression strength, or 0
+ *                        to take the first-ply failure stress under uniaxial
+ *                        compression by the criterion
+ * layups, layups_length  nsegments stacking sequences of 1000 characters each,
+ *                        one after another (each blank padded; a zero byte ends
+ *                        one early)
+ * criterion, criterion_length
+ *                        the criterion keyword for the compression strengths
+ *                        not given (as LAMINATE_STRENGTH's; PUCK is the usual
+ *                        choice); always read, so it must be a keyword
+ * options                3 floats: F12*, p+, p-, as LAMINATE_STRENGTH's
+ * length                 the column length L (0 or more; 0: the crippling
+ *                        stress itself)
+ * fixity                 the end-fixity coefficient c (> 0; 1 pinned, 4 fixed):
+ *                        L' = L / sqrt(c)
+ * thickness, ex          out, per segment: laminate thickness t and apparent
+ *                        membrane modulus Ex
+ * fcu_used               out, per segment: the compression strength used
+ * fcc                    out, per segment: the crippling stress,
+ *                        Fcu 1.63 (b/t)^-0.717 (OEF) or Fcu 11.0 (b/t)^-1.124
+ *                        (NEF), at most Fcu
+ * warning                out, per segment: 0 b/t within the range the relation
+ *                        is used on (OEF 4 to 30, NEF 10 to 50), 1 below, 2
+ *                        above: the value is given all the same
+ * area                   out: A = sum(b t)
+ * ea                     out: EA = sum(Ex t b)
+ * fcc_section            out: the section's crippling stress sum(Fcc b t)/A
+ * pcc                    out: the crippling load fcc_section A
+ * rho                    out: the radius of gyration sqrt(EI_min/EA) about the
+ *                        weakest principal axis through the modulus-weighted
+ *                        centroid
+ * column_stress          out: the column allowable stress at L'/rho, by
+ *                        Johnson's parabola below sqrt(2 pi^2 E/Fcc), E = EA/A,
+ *                        and by Euler's stress beyond
+ * column_load            out: column_stress A
+ * column_mode            out: 1 Johnson, 2 Euler
+ * message, message_length
+ *                        out: 200 characters: a refusal's "Error! ..." line; on
+ *                        success a "Warning! ..." line naming the first segment
+ *                        outside its range, or all blanks
+ * ierr                   out: 0 success (warnings included);
+ *                        1 invalid ply material; 2 layup refused or laminate
+ *                        unusable; 3 unknown criterion keyword; 4 criterion not
+ *                        available; 5 a strength the criterion needs missing;
+ *                        6 a segment's value refused (width not positive,
+ *                        centre or angle not finite, edge not 1 or 2, material
+ *                        not 1 to nmaterials, fcu negative or not finite);
+ *                        7 nmaterials or nsegments below 1; 8 memory
+ *                        exhausted; 9 an option of the criterion out of range;
+ *                        10 length negative or fixity not positive (or either
+ *                        not finite); 11 the criterion finds no compression
+ *                        failure (give fcu); 12 a result beyond single
+ *                        precision.
+ * On error only ierr and message are written.
+ */
+CORVANE_STRENGTH_API void SECTION_CRIPPLING(
+    const int32_t* nmaterials, const float* materials, const int32_t* nsegments,
+    const float* geometry, const int32_t* edge, const int32_t* material, const float* fcu,
+    const char* layups, int64_t layups_length, const char* criterion,
+    int64_t criterion_length, const float* options, const float* length,
+    const float* fixity, float* thickness, float* ex, float* fcu_used, float* fcc,
+    int32_t* warning, float* area, float* ea, float* fcc_section, float* pcc, float* rho,
+    float* column_stress, float* column_load, int32_t* column_mode, char* message,
+    int64_t message_length, int32_t* ierr);
 
 #ifdef __cplusplus
 }

@@ -1,8 +1,9 @@
 """Corvane from Python: laminate stiffness by classical laminate theory,
 membrane strains, buckling loads and reserve factors of flat plates and
-curved panels, first-ply failure under many load cases, and bulk data decks
-for finite-element models, computed by the Corvane shared libraries in single
-precision.
+curved panels, first-ply failure under many load cases, the crippling and
+column allowable of sections of laminate segments, bulk data decks for
+finite-element models and ply materials by name from material data files,
+computed by the Corvane shared libraries in single precision.
 
     import corvane
     ply = corvane.Ply(t=0.125, E1=135000.0, E2=10000.0, G12=5000.0, nu12=0.3)
@@ -39,6 +40,15 @@ from .buckling import (
     shell_buckling_loads,
 )
 from .deck import solver_deck
+from .crippling import (
+    COLUMN_MODES,
+    EDGE_CONDITIONS,
+    FITTED_RANGES,
+    CripplingRangeWarning,
+    CripplingResult,
+    Segment,
+    section_crippling,
+)
 from .errors import CorvaneError, Error, LibraryError
 from .laminate import (
     InPlaneStrains,
@@ -63,6 +73,13 @@ __version__ = _version.version()
 
 __all__ = [
     "CARDS_LENGTH",
+    "COLUMN_MODES",
+    "CripplingRangeWarning",
+    "CripplingResult",
+    "EDGE_CONDITIONS",
+    "FITTED_RANGES",
+    "Segment",
+    "section_crippling",
     "LAYUP_LENGTH",
     "LOAD_NAMES",
     "CorvaneError",

@@ -165,6 +165,11 @@ _PROTOTYPES = {
     "MATERIAL_NAMES": [c_char_p, c_int64] * 2 + [_I, c_char_p, c_int64, c_char_p, c_int64, _I],
     "LAMINATE_SOLVER_DECK": [_F] * 12 + _DECK_REST,
     "BI_MATERIAL_LAMINATE_SOLVER_DECK": [_F] * 24 + _DECK_REST,
+    "SECTION_CRIPPLING": [_I, _F, _I, _F, _I, _I, _F, c_char_p, c_int64, c_char_p, c_int64]
+    + [_F] * 7
+    + [_I]
+    + [_F] * 7
+    + [_I, c_char_p, c_int64, _I],
 }
 # The entry points of the strength library; the others are of the first.
 _STRENGTH_ENTRY_POINTS = {
@@ -174,6 +179,7 @@ _STRENGTH_ENTRY_POINTS = {
     "MATERIAL_NAMES",
     "LAMINATE_SOLVER_DECK",
     "BI_MATERIAL_LAMINATE_SOLVER_DECK",
+    "SECTION_CRIPPLING",
 }
 
 

@@ -15,6 +15,7 @@
 
 #include "cards/solver_deck.h"
 #include "corvane/corvane_strength.h"
+#include "interface/host_texts.h"
 #include "interface/null_arguments.h"
 #include "laminas/lamina.h"
 #include "laminates/stacking_sequence.h"
@@ -110,13 +111,6 @@ Outcome laminate_deck(std::span<const Material> m, std::string_view layup,
     return {kNotFinite, "Error! No deck: longer than its buffer.", {}};
   }
   return {kOk, {}, std::move(deck.text)};
-}
-
-// Exactly `length` characters: the text cut or blank padded.
-void write_text(std::string_view text, char* buffer, std::size_t length) {
-  const std::size_t n = std::min(text.size(), length);
-  std::memcpy(buffer, text.data(), n);
-  std::memset(buffer + n, ' ', length - n);
 }
 
 // Runs the deck and writes its outcome: no exception leaves here.

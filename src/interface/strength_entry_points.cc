@@ -2,7 +2,8 @@
 // laminate of one or two ply materials under many load cases. Adapters: they read
 // the host's variables and texts, build the laminate and its strength plan with
 // the core once, evaluate every load case straight into the host's arrays and word
-// a refusal as a message.
+// a refusal as a message. SECTION_CRIPPLING: the crippling and column allowable of
+// a section of laminate segments, one laminate built per segment.
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -15,6 +16,7 @@
 #include <vector>
 
 #include "corvane/corvane_strength.h"
+#include "crippling_sections/crippling_section.h"
 #include "interface/host_texts.h"
 #include "interface/null_arguments.h"
 #include "laminas/criterion_code.h"
@@ -163,6 +165,110 @@ Outcome laminate_strength(std::span<const Material> m, std::string_view layup,
   return {code_of(status.error), status.message()};
 }
 
+struct CripplingIn {
+  std::int32_t nmaterials, nsegments;
+  const float *materials, *geometry, *fcu, *options;
+  const std::int32_t *edge, *material;
+  const char *layups, *criterion;
+  float length, fixity;
+};
+struct CripplingOut {
+  float *thickness, *ex, *fcu, *fcc;
+  std::int32_t* warning;
+  float *area, *ea, *fcc_section, *pcc, *rho, *column_stress, *column_load;
+  std::int32_t* column_mode;
+};
+
+Outcome section_crippling(const CripplingIn& in, const CripplingOut& out) {
+  if (in.nmaterials < 1 || in.nsegments < 1) {
+    const bool none = in.nmaterials < 1;
+    return {static_cast<std::int32_t>(CripplingError::bad_count),
+            "Error! Number of " + std::string(none ? "materials " : "segments ") +
+                std::to_string(none ? in.nmaterials : in.nsegments) + " is below 1."};
+  }
+  const auto nm = static_cast<std::size_t>(in.nmaterials);
+  const auto ns = static_cast<std::size_t>(in.nsegments);
+  std::vector<LAMINA> materials;
+  materials.reserve(nm);
+  for (std::size_t k = 0; k < nm; ++k) {
+    const float* v = in.materials + k * CORVANE_CRIPPLING_MATERIAL_VALUES;
+    const Material m{v[0], v[1], v[2], v[3],  v[4],  v[5],  v[6],
+                     v[7], v[8], v[9], v[10], v[11], v[12], v[13]};
+    materials.push_back(ply_material(m));
+    if (materials.back().status != 0) {
+      return {kInvalidMaterial, "Error! Invalid ply material " + std::to_string(k + 1) +
+                                    ": " + material_fault(m) + "."};
+    }
+  }
+  std::vector<std::vector<float>> angles(ns);
+  for (std::size_t i = 0; i < ns; ++i) {
+    const std::string segment = "Error! Segment " + std::to_string(i + 1) + ": ";
+    if (in.material[i] < 1 || in.material[i] > in.nmaterials) {
+      return {static_cast<std::int32_t>(CripplingError::bad_segment),
+              segment + "material " + std::to_string(in.material[i]) +
+                  " is not one of 1 to " + std::to_string(in.nmaterials) + "."};
+    }
+    StackingRefusal refusal;
+    const std::string_view layup = host_text(
+        in.layups + i * CORVANE_STRENGTH_LAYUP_LENGTH, CORVANE_STRENGTH_LAYUP_LENGTH);
+    if (parse_stacking_sequence(layup, angles[i], nullptr, &refusal) != kStackingOk) {
+      const std::string where = refusal.position == 0
+                                    ? ""
+                                    : " at character " + std::to_string(refusal.position);
+      return {kUnusableLaminate,
+              segment + "layup refused" + where + ": " + refusal.reason + "."};
+    }
+  }
+  const std::string_view criterion =
+      host_text(in.criterion, CORVANE_STRENGTH_CRITERION_LENGTH);
+  const std::int32_t code = criterion_code(criterion);
+  if (code == kNoCriterion) {
+    const auto first = criterion.find_first_not_of(' ');
+    const std::string_view name =
+        first == std::string_view::npos
+            ? std::string_view{}
+            : criterion.substr(first, criterion.find_last_not_of(' ') - first + 1);
+    return {kUnknownCriterion,
+            "Error! Unknown failure criterion \"" + std::string(name) + "\"."};
+  }
+
+  std::vector<LAMINATESTRESSED> laminates;
+  laminates.reserve(ns);  // the segments point into it
+  CRIPPLINGSECTION section;
+  section.criterion = code;
+  section.options.tsai_wu_f12_star = in.options[0];
+  section.options.puck = {in.options[1], in.options[2]};
+  section.column = {in.length, in.fixity};
+  for (std::size_t i = 0; i < ns; ++i) {
+    laminates.emplace_back(materials[static_cast<std::size_t>(in.material[i] - 1)],
+                           angles[i]);
+    const float* g = in.geometry + i * CORVANE_CRIPPLING_GEOMETRY_VALUES;
+    section.segments.push_back({g[0], g[1], g[2], g[3],
+                                static_cast<EdgeCondition>(in.edge[i]), &laminates.back(),
+                                in.fcu[i]});
+  }
+  SectionCrippling r;
+  const CripplingStatus status = section.analyse(r);
+  if (!status.ok()) return {static_cast<std::int32_t>(status.error), status.message()};
+  for (std::size_t i = 0; i < ns; ++i) {
+    const SegmentCrippling& c = r.segments[i];
+    out.thickness[i] = c.thickness;
+    out.ex[i] = c.ex;
+    out.fcu[i] = c.fcu;
+    out.fcc[i] = c.fcc;
+    out.warning[i] = static_cast<std::int32_t>(c.warning);
+  }
+  *out.area = r.area;
+  *out.ea = r.ea;
+  *out.fcc_section = r.fcc;
+  *out.pcc = r.pcc;
+  *out.rho = r.rho;
+  *out.column_stress = r.column_stress;
+  *out.column_load = r.column_load;
+  *out.column_mode = static_cast<std::int32_t>(r.column);
+  return {kOk, range_warning(r, section.segments)};
+}
+
 // Runs the analysis and writes its outcome: no exception leaves here.
 void run(std::span<const Material> m, const char* layup, const char* criterion,
          const float* options, std::int32_t ncases, const float* loads,
@@ -235,6 +341,38 @@ CORVANE_STRENGTH_API void BI_MATERIAL_LAMINATE_STRENGTH(
                          *f1c_2, *f2t_2, *f2c_2, *f12_2, *uetall_2, *uecall_2}};
   run(m, layup, criterion, options, *ncases, loads, {rf, ply, surface, mode}, message,
       ierr);
+}
+
+CORVANE_STRENGTH_API void SECTION_CRIPPLING(
+    const int32_t* nmaterials, const float* materials, const int32_t* nsegments,
+    const float* geometry, const int32_t* edge, const int32_t* material, const float* fcu,
+    const char* layups, int64_t /*layups_length*/, const char* criterion,
+    int64_t /*criterion_length*/, const float* options, const float* length,
+    const float* fixity, float* thickness, float* ex, float* fcu_used, float* fcc,
+    int32_t* warning, float* area, float* ea, float* fcc_section, float* pcc, float* rho,
+    float* column_stress, float* column_load, int32_t* column_mode, char* message,
+    int64_t /*message_length*/, int32_t* ierr) {
+  using namespace corvane;
+  if (null_argument(ierr, nmaterials, materials, nsegments, geometry, edge, material, fcu,
+                    layups, criterion, options, length, fixity, thickness, ex, fcu_used,
+                    fcc, warning, area, ea, fcc_section, pcc, rho, column_stress,
+                    column_load, column_mode, message)) {
+    return;
+  }
+  const CripplingIn in{*nmaterials, *nsegments, materials, geometry,  fcu,     options,
+                       edge,        material,   layups,    criterion, *length, *fixity};
+  const CripplingOut out{thickness,     ex,          fcu_used,    fcc, warning,
+                         area,          ea,          fcc_section, pcc, rho,
+                         column_stress, column_load, column_mode};
+  try {
+    const Outcome outcome = section_crippling(in, out);
+    write_text(outcome.message, message, CORVANE_STRENGTH_MESSAGE_LENGTH);
+    *ierr = outcome.code;
+  } catch (...) {
+    // As in run(): only an exhausted memory, before any result was written.
+    write_text("Error! Out of memory.", message, CORVANE_STRENGTH_MESSAGE_LENGTH);
+    *ierr = kOutOfMemory;
+  }
 }
 
 }  // extern "C"

@@ -4,10 +4,12 @@
 // alone.
 #include <gtest/gtest.h>
 
+#include <array>
 #include <string>
 #include <vector>
 
 #include "corvane/corvane_strength.h"
+#include "crippling_sections/crippling_section.h"
 #include "interface/loaded_library.h"
 #include "laminates/stacking_sequence.h"
 #include "laminates_stressed/laminate_stressed.h"
@@ -156,6 +158,122 @@ TEST(StrengthEntry, NullPointerWritesOnlyTheErrorCode) {
       EXPECT_EQ(call.ierr, missing == pointers - 1 ? 7777 : -1) << missing;
       EXPECT_TRUE(call.untouched() && call.text() == StrengthCall().text()) << missing;
     }
+  }
+}
+
+// SECTION_CRIPPLING: a Z section of two materials (web of material 2, weaker
+// F1c), the flanges' strength given, the web's from first-ply failure.
+struct CripplingCall {
+  LAMINA m = t300_5208();
+  std::int32_t nmaterials = 2, nsegments = 3, ierr = 7777, column_mode = 7;
+  std::vector<float> materials = {m.CPT, m.E1,  m.E2,  m.G12, m.v12, m.CTE1,   m.CTE2,
+                                  m.F1t, m.F1c, m.F2t, m.F2c, m.F12, m.uetall, m.uecall,
+                                  m.CPT, m.E1,  m.E2,  m.G12, m.v12, m.CTE1,   m.CTE2,
+                                  m.F1t, 900,   m.F2t, m.F2c, m.F12, m.uetall, m.uecall};
+  std::vector<float> geometry = {20, 10, 20, 0, 40, 0, 0, 90, 20, -10, -20, 0};
+  std::vector<std::int32_t> edge = {1, 2, 1}, material = {1, 2, 1}, warning = {7, 7, 7};
+  std::vector<float> fcu = {500, 0, 500}, options = {-0.5f, 0.35f, 0.30f};
+  std::vector<char> layups = layup_buffer("(0/45/-45/90)2S", 3000),
+                    criterion = layup_buffer("PUCK", 32),
+                    message = std::vector<char>(CORVANE_STRENGTH_MESSAGE_LENGTH, '\x7f');
+  float length = 300, fixity = 1;
+  std::array<std::vector<float>, 4> out;  // thickness, ex, fcu used, fcc
+  std::array<float, 7> section = {-7, -7, -7, -7, -7, -7, -7};
+
+  CripplingCall() {
+    out.fill({-7, -7, -7});
+    std::string_view("(45/-45/0/0/90)S").copy(&layups[1000], 16);
+    std::copy_n(layups.begin(), 1000, layups.begin() + 2000);
+  }
+  CripplingCall& run(int missing = -1) {
+    static auto* const entry =
+        library_under_test().entry<decltype(SECTION_CRIPPLING)>("SECTION_CRIPPLING");
+    const auto g = [missing](int i, auto* p) { return i == missing ? nullptr : p; };
+    float* s = section.data();
+    entry(g(0, &nmaterials), g(1, materials.data()), g(2, &nsegments),
+          g(3, geometry.data()), g(4, edge.data()), g(5, material.data()),
+          g(6, fcu.data()), g(7, layups.data()), 0, g(8, criterion.data()), 0,
+          g(9, options.data()), g(10, &length), g(11, &fixity), g(12, out[0].data()),
+          g(13, out[1].data()), g(14, out[2].data()), g(15, out[3].data()),
+          g(16, warning.data()), g(17, s), g(18, s + 1), g(19, s + 2), g(20, s + 3),
+          g(21, s + 4), g(22, s + 5), g(23, s + 6), g(24, &column_mode),
+          g(25, message.data()), 0, g(26, &ierr));
+    return *this;
+  }
+  std::string text() const { return {message.begin(), message.end()}; }
+  bool untouched() const {
+    const CripplingCall fresh;
+    return out == fresh.out && warning == fresh.warning && section == fresh.section &&
+           column_mode == fresh.column_mode;
+  }
+};
+
+TEST(CripplingEntry, GivesTheCoreResults) {
+  CripplingCall call;
+  ASSERT_EQ(call.run().ierr, 0) << call.text();
+  EXPECT_EQ(call.text(), std::string(CORVANE_STRENGTH_MESSAGE_LENGTH, ' '));
+  LAMINA weak = call.m;
+  weak.F1c = 900;
+  std::vector<float> flange, web;
+  parse_stacking_sequence("(0/45/-45/90)2S", flange);
+  parse_stacking_sequence("(45/-45/0/0/90)S", web);
+  const LAMINATESTRESSED f(call.m, flange), w(weak, web);
+  CRIPPLINGSECTION z;
+  z.segments = {{20, 10, 20, 0, EdgeCondition::one_edge_free, &f, 500},
+                {40, 0, 0, 90, EdgeCondition::no_edge_free, &w, 0},
+                {20, -10, -20, 0, EdgeCondition::one_edge_free, &f, 500}};
+  z.column = {300, 1};
+  SectionCrippling r;
+  ASSERT_TRUE(z.analyse(r).ok());
+  for (std::size_t i = 0; i < 3; ++i) {
+    const SegmentCrippling& c = r.segments[i];
+    EXPECT_EQ(
+        (std::array{call.out[0][i], call.out[1][i], call.out[2][i], call.out[3][i]}),
+        (std::array{c.thickness, c.ex, c.fcu, c.fcc}));
+  }
+  EXPECT_EQ(call.section, (std::array{r.area, r.ea, r.fcc, r.pcc, r.rho, r.column_stress,
+                                      r.column_load}));
+  EXPECT_EQ(call.column_mode, static_cast<std::int32_t>(r.column));
+  EXPECT_NE(call.out[2][1], call.out[2][0]);  // the web's own strength
+  call.geometry[4] = 400;  // a web of b/t 320: results, and a warning line
+  EXPECT_EQ(call.run().ierr, 0);
+  EXPECT_EQ(call.warning[1], 2);
+  EXPECT_EQ(call.text().rfind("Warning! Segment 2: b/t = 320 above", 0), 0u)
+      << call.text();
+}
+
+TEST(CripplingEntry, RefusalsWriteTheCodeAndReasonOnly) {
+  using C = CripplingCall;  // the host's own checks, and the core's codes through
+  const struct {
+    void (*change)(C&);
+    std::int32_t code;
+    const char* reason;
+  } rows[] = {
+      {[](C& c) { c.materials[14 + 2] = -1; }, 1, "ply material 2: E2 = -1"},
+      {[](C& c) { c.layups[1000 + 3] = 'x'; }, 2, "Segment 2: layup refused at"},
+      {[](C& c) { c.criterion[1] = 'X'; }, 3, "criterion \"PXCK\"."},
+      {[](C& c) { c.materials[14 + 10] = 0; }, 5, "Segment 2: F2c missing (criterion"},
+      {[](C& c) { c.edge[0] = 0; }, 6, "Segment 1: edge condition 0"},
+      {[](C& c) { c.material[2] = 3; }, 6, "Segment 3: material 3 is not one of 1 to 2"},
+      {[](C& c) { c.nsegments = 0; }, 7, "segments 0 is below 1"},
+      {[](C& c) { c.nmaterials = -1; }, 7, "materials -1 is below 1"},
+      {[](C& c) { c.fixity = 0; }, 10, "fixity coefficient 0"},
+      {[](C& c) { c.geometry[0] = 1e30f; }, 12, "single precision"},
+  };
+  for (const auto& row : rows) {
+    CripplingCall call;
+    row.change(call);
+    const std::string text = call.run().text();
+    EXPECT_EQ(call.ierr, row.code) << text;
+    EXPECT_EQ(text.rfind("Error! ", 0), 0u) << text;
+    EXPECT_NE(text.find(row.reason), std::string::npos) << text;
+    EXPECT_TRUE(call.untouched()) << text;
+  }
+  for (int missing = 0; missing < 27; ++missing) {  // null pointers: -1 alone
+    CripplingCall call;
+    call.run(missing);
+    EXPECT_EQ(call.ierr, missing == 26 ? 7777 : -1) << missing;
+    EXPECT_TRUE(call.untouched() && call.text() == CripplingCall().text()) << missing;
   }
 }
 

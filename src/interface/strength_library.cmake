@@ -1,11 +1,11 @@
-# The second shared library, corvane_strength: the strength, solver deck and
-# material data entry points over their own copy of the core, with their own
+# The second shared library, corvane_strength: the strength, crippling, solver
+# deck and material data entry points over their own copy of the core, with their own
 # export list, so that the library of corvane.h and its six exports stay as they
 # are. A host loads either or both; neither needs the other.
 
 corvane_module(strength_interface SOURCES strength_entry_points.cc
                material_entry_points.cc solver_deck_entry_points.cc
-               DEPENDS laminates_stressed material_files cards)
+               DEPENDS laminates_stressed crippling_sections material_files cards)
 
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS strength_exports.txt)
 file(STRINGS strength_exports.txt strength_exports REGEX "^[A-Z_]+$")
@@ -54,7 +54,7 @@ if(CORVANE_BUILD_TESTS AND NOT WIN32)
   # The entry point as a host meets it, loaded by path and looked up by name.
   corvane_add_test(strength_interface_test strength_entry_points_test.cc
                    material_entry_points_test.cc solver_deck_entry_points_test.cc
-                   LIBS laminates_stressed cards)
+                   LIBS laminates_stressed cards crippling_sections)
   target_link_libraries(strength_interface_test PRIVATE ${CMAKE_DL_LIBS})
   target_compile_definitions(strength_interface_test PRIVATE
                              CORVANE_LIBRARY="$<TARGET_FILE:corvane_strength>"
@@ -63,7 +63,7 @@ if(CORVANE_BUILD_TESTS AND NOT WIN32)
 
   add_test(NAME strength_interface_exported_symbols
            COMMAND ${CMAKE_COMMAND} -DLIBRARY=$<TARGET_FILE:corvane_strength>
-                   -DEXPORTS=${CMAKE_CURRENT_SOURCE_DIR}/strength_exports.txt -DCOUNT=6
+                   -DEXPORTS=${CMAKE_CURRENT_SOURCE_DIR}/strength_exports.txt -DCOUNT=7
                    -P ${CMAKE_CURRENT_SOURCE_DIR}/exported_symbols_test.cmake)
   set_tests_properties(strength_interface_exported_symbols PROPERTIES
                        SKIP_REGULAR_EXPRESSION "nm not found: skipped")
