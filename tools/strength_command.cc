@@ -118,6 +118,8 @@ std::string error_meaning(StrengthError error) {
       return "option out of range";
     case StrengthError::wrong_size:
       return "array of the wrong size";
+    case StrengthError::damage_model_unusable:
+      return "damage model not usable";
   }
   return "unknown error";
 }

@@ -106,7 +106,8 @@ std::int32_t code_of(StrengthError error) {
       return kNonFiniteLoad;
     case StrengthError::bad_option:
       return kBadOption;
-    case StrengthError::wrong_size:  // the arrays are sized here
+    case StrengthError::damage_model_unusable:  // not met by a first-ply failure
+    case StrengthError::wrong_size:             // the arrays are sized here
       break;
   }
   return kOutOfMemory;

@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cmath>
 
+#include "laminas/notch.h"
 #include "util/fixed_width.h"
 #include "util/keywords.h"
 
@@ -227,17 +228,32 @@ void LAMINA::set_strengths(float f1t, float f1c, float f12, float f2t, float f2c
   }
 }
 
-// How a notched strength and its hole diameter turn into a characteristic
-// length or notch factor is not settled; until it is, the strength is kept as
-// given and the notch data stay as they are.
-void LAMINA::set_oht(float strength, [[maybe_unused]] float hole_diameter) {
+namespace {
+
+// The characteristic distance of a notched strength against the unnotched
+// strain, both of the quasi-isotropic laminate; 1 when there is none.
+int characteristic_distance(const LAMINA& m, float strength, float unnotched,
+                            float hole_diameter, float& a0) {
+  if (!(unnotched > 0.0f) || !(m.Eiso > 0.0f)) return 1;
+  const float d0 = point_stress_distance((strength / m.Eiso) / unnotched, hole_diameter);
+  if (!(d0 >= 0.0f)) return 1;
+  a0 = d0;
+  return 0;
+}
+
+}  // namespace
+
+int LAMINA::set_oht(float strength, float hole_diameter) {
   OHT = strength;
+  return characteristic_distance(*this, strength, e1tu, hole_diameter, a0oht);
 }
-void LAMINA::set_ohc(float strength, [[maybe_unused]] float hole_diameter) {
+int LAMINA::set_ohc(float strength, float hole_diameter) {
   OHC = strength;
+  return characteristic_distance(*this, strength, uecall, hole_diameter, a0ohc);
 }
-void LAMINA::set_fht(float strength, [[maybe_unused]] float hole_diameter) {
+int LAMINA::set_fht(float strength, float hole_diameter) {
   FHT = strength;
+  return characteristic_distance(*this, strength, e1tu, hole_diameter, a0fht);
 }
 
 void LAMINA::set_fhc(float strength) {
@@ -333,6 +349,14 @@ void LAMINA::set_by_key(std::span<const std::pair<std::string_view, float>> pair
       break;
     }
   }
+}
+
+bool LAMINA::is_property_key(std::string_view text) {
+  const std::string key = normalize_keyword(text);
+  for (const PropertyKey& property : kPropertyKeys) {
+    if (key == property.key) return true;
+  }
+  return false;
 }
 
 std::string LAMINA::print_short() const {
