@@ -27,7 +27,10 @@ float point_stress_ratio(float xi, float kt) {
   const float x4 = x2 * x2;
   const float x6 = x4 * x2;
   const float x8 = x4 * x4;
-  return 2.0f / (((2.0f + x2) + 3.0f * x4) - (kt - 3.0f) * (5.0f * x6 - 7.0f * x8));
+  const float ratio =
+      2.0f / (((2.0f + x2) + 3.0f * x4) - (kt - 3.0f) * (5.0f * x6 - 7.0f * x8));
+  // The stress ahead of the hole never exceeds the peak at its edge.
+  return ratio >= 1.0f / kt ? ratio : 1.0f / kt;
 }
 
 float point_stress_distance(float ratio, float hole_diameter) {

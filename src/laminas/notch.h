@@ -16,6 +16,10 @@
 // with xi = R/(R + d0), R the hole radius,
 //   sigma_N/sigma_0 = 2 / (2 + xi^2 + 3 xi^4 - (K_T - 3)(5 xi^6 - 7 xi^8)).
 // It runs from 1 for a vanishing hole (xi = 0) to 1/K_T for d0 = 0 (xi = 1).
+// The polynomial approximates the exact distribution less well as K_T grows
+// (Konish and Whitney fitted it for moderate orthotropy); far beyond, it can
+// fall below 1/K_T and even turn negative, so the ratio is held at 1/K_T or
+// above: the stress ahead of the hole never exceeds its peak at the edge.
 #pragma once
 
 #include "util/matrix3.h"
@@ -29,7 +33,7 @@ float orthotropic_stress_concentration(const Matrix3& A, bool along_y = false);
 // xi = R/(R + d0) for a hole of diameter d and a characteristic distance d0.
 float point_stress_xi(float hole_diameter, float d0);
 
-// sigma_N/sigma_0 of the point-stress criterion.
+// sigma_N/sigma_0 of the point-stress criterion, at least 1/K_T.
 float point_stress_ratio(float xi, float kt);
 
 // The inverse at K_T = 3: the characteristic distance d0 at which a hole of

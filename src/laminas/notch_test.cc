@@ -58,6 +58,8 @@ TEST(PointStress, PublishedDistanceByHand) {
   // The limits: no distance leaves the elastic factor, a vanishing hole nothing.
   EXPECT_FLOAT_EQ(point_stress_ratio(1.0f, 6.75f), 1.0f / 6.75f);
   EXPECT_FLOAT_EQ(point_stress_ratio(0.0f, 6.75f), 1.0f);
+  // Far orthotropy: the polynomial would turn negative (2/(3.21 - 47 0.185)).
+  EXPECT_FLOAT_EQ(point_stress_ratio(0.7f, 50.0f), 1.0f / 50.0f);
 }
 
 TEST(PointStress, DistanceInvertsTheRatio) {
