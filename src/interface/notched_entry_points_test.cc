@@ -141,7 +141,7 @@ TEST(NotchedEntry, RefusalsWriteTheCodeAndReasonOnly) {
       {true, [](KeyedCall& c) { c.energy = -1; }, 9, "impact energy out"},
       {true, [](KeyedCall& c) { c.u = 0; }, 9, "unit factor out"},
       {false, [](KeyedCall& c) { c.properties = layup_buffer("OHT=100", 1000); }, 10,
-       "OHT = 100 refused"},
+       "OHT=100 refused: no characteristic"},
       {false, [](KeyedCall& c) { c.properties = layup_buffer("F1X=100", 1000); }, 10,
        "\"F1X=100\" refused"},
       {false, [](KeyedCall& c) { c.properties = layup_buffer("OHT=4x", 1000); }, 10,

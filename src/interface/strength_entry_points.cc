@@ -224,39 +224,9 @@ Outcome keyed_material(const KeyedMaterial& k, LAMINA& m) {
                 lamina_fault(k.t, k.e1, k.e2, k.g12, k.nu12, k.tension, k.compression) +
                 "."};
   }
-  std::string_view rest = k.properties;
-  while (!rest.empty()) {
-    const std::size_t start = rest.find_first_not_of(" ,;\t");
-    if (start == std::string_view::npos) break;
-    rest.remove_prefix(start);
-    const std::size_t end = std::min(rest.find_first_of(" ,;\t"), rest.size());
-    const std::string_view item = rest.substr(0, end);
-    rest.remove_prefix(end);
-    const std::size_t equals = item.find('=');
-    const std::string key =
-        normalize_keyword(item.substr(0, std::min(equals, item.size())));
-    float value = 0.0f;
-    if (equals == std::string_view::npos || !LAMINA::is_property_key(key) ||
-        read_real(item.substr(equals + 1), value) != kReadOk) {
-      return {kPropertyRefused,
-              "Error! Property \"" + std::string(item) +
-                  "\" refused: KEY=value with a known key and a real value."};
-    }
-    int (LAMINA::*notched)(float, float) = key == "OHT"   ? &LAMINA::set_oht
-                                           : key == "OHC" ? &LAMINA::set_ohc
-                                           : key == "FHT" ? &LAMINA::set_fht
-                                                          : nullptr;
-    if (notched != nullptr && value > 0.0f) {
-      if ((m.*notched)(value, kDefaultHoleDiameter) != 0) {
-        return {kPropertyRefused,
-                "Error! Property " + key + " = " + shortest(value) +
-                    " refused: no characteristic distance gives it (its strain over "
-                    "the unnotched one must lie between 1/3 and 1)."};
-      }
-      continue;
-    }
-    const std::pair<std::string_view, float> pair[] = {{key, value}};
-    m.set_by_key(pair);
+  if (std::string fault = set_properties(m, k.properties); !fault.empty()) {
+    fault[0] = 'P';
+    return {kPropertyRefused, "Error! " + fault + "."};
   }
   return {};
 }
@@ -324,23 +294,10 @@ Outcome impact_strength(const KeyedMaterial& k, std::string_view layup,
   if (!(u > 0.0f) || !std::isfinite(u)) {
     return {kBadOption, "Error! Option unit factor out of range."};
   }
-  // The name, then the coefficients where a line of material data has them,
-  // from its eighth token on.
-  std::vector<std::string_view> tokens;
-  for (std::size_t at = 0; at < model_text.size();) {
-    const std::size_t start = model_text.find_first_not_of(" \t", at);
-    if (start == std::string_view::npos) break;
-    const std::size_t end =
-        std::min(model_text.find_first_of(" \t", start), model_text.size());
-    tokens.push_back(model_text.substr(start, end - start));
-    if (tokens.size() == 1) tokens.insert(tokens.end(), 6, std::string_view{});
-    at = end;
-  }
-  const bool with_model = !tokens.empty();
+  const bool with_model = !trimmed_keyword(model_text).empty();
   if (with_model) {
-    LAMINA& m = laminate->materials[0];
-    if (read_cdt_model(tokens, u, true, 0.0f, m.cdt_model) != 0 ||
-        m.cdt_model.status != 0) {
+    CDTMODEL& model = laminate->materials[0].cdt_model;
+    if (read_cdt_model_text(model_text, u, model) != 0 || model.status != 0) {
       return {kModelUnusable, "Error! Damage model \"" +
                                   std::string(trimmed_keyword(model_text)) +
                                   "\" not usable: CDTM-T03 to CDTM-T06 with all their "

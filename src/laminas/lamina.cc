@@ -7,6 +7,7 @@
 #include "laminas/notch.h"
 #include "util/fixed_width.h"
 #include "util/keywords.h"
+#include "util/number_reading.h"
 
 namespace corvane {
 namespace {
@@ -357,6 +358,41 @@ bool LAMINA::is_property_key(std::string_view text) {
     if (key == property.key) return true;
   }
   return false;
+}
+
+std::string set_properties(LAMINA& m, std::string_view rest) {
+  constexpr std::string_view kSeparators = " ,;\t";
+  while (true) {
+    const std::size_t start = rest.find_first_not_of(kSeparators);
+    if (start == std::string_view::npos) return {};
+    rest.remove_prefix(start);
+    const std::size_t end = std::min(rest.find_first_of(kSeparators), rest.size());
+    const std::string_view item = rest.substr(0, end);
+    rest.remove_prefix(end);
+    const std::size_t equals = item.find('=');
+    const std::string key =
+        normalize_keyword(item.substr(0, std::min(equals, item.size())));
+    float v = 0.0f;
+    if (equals == std::string_view::npos || !LAMINA::is_property_key(key) ||
+        read_real(item.substr(equals + 1), v) != kReadOk) {
+      return "property \"" + std::string(item) +
+             "\" refused: KEY=value with a known key and a real value";
+    }
+    int (LAMINA::*notched)(float, float) = key == "OHT"   ? &LAMINA::set_oht
+                                           : key == "OHC" ? &LAMINA::set_ohc
+                                           : key == "FHT" ? &LAMINA::set_fht
+                                                          : nullptr;
+    if (notched != nullptr && v > 0.0f) {
+      if ((m.*notched)(v, kKeyedHoleDiameter) != 0) {
+        return "property " + std::string(item) +
+               " refused: no characteristic distance gives it (its strain over the "
+               "unnotched one must lie between 1/3 and 1)";
+      }
+      continue;
+    }
+    const std::pair<std::string_view, float> pair[] = {{key, v}};
+    m.set_by_key(pair);
+  }
 }
 
 std::string LAMINA::print_short() const {

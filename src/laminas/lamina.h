@@ -116,6 +116,14 @@ LAMINA new_lamina(float CPT, float E1, float E2, float G12, float v12,
                   std::optional<std::string_view> name = {},
                   std::optional<bool> is_fabric = {});
 
+// Applies properties written as text: "KEY=value" items separated by blanks,
+// commas, semicolons or tabs, in order, by set_by_key's rules, except that
+// OHT, OHC and FHT (at the keyed hole diameter) are refused when no
+// characteristic distance follows from them. Returns an empty text, or why
+// the first refused item was refused (an unknown key, a value that is no
+// real, such a notched strength); the items before it stay applied.
+std::string set_properties(LAMINA& m, std::string_view text);
+
 // Why new_lamina would refuse these inputs, naming the first refused one and
 // its value (as "E2 = -10000 is negative"), or an empty text when it would
 // build a valid material. The allowables default to values never refused.
