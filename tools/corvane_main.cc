@@ -34,6 +34,8 @@ int main(int argc, char** argv) {
   commands.push_back(add_reserve_factor_command(program));
   commands.push_back(add_shell_buckling_command(program));
   commands.push_back(add_strength_command(program));
+  commands.push_back(add_notched_command(program));
+  commands.push_back(add_impact_command(program));
   program.footer(
       "Run \"corvane COMMAND --help\" for a command's options and examples.\n"
       "Exit status: 0 success, 1 the library refused the input or found no result\n"
