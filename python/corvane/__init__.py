@@ -45,12 +45,17 @@ from .laminate import (
 )
 from .strength import (
     FAILURE_MODES,
+    HOLE_DIAMETER,
+    IMPACT_CHECKS,
     LOAD_NAMES,
+    NOTCH_CHECKS,
     PUCK_CARBON,
     PUCK_GLASS,
     TSAI_WU_F12_STAR,
     StrengthResult,
+    impact_strength,
     laminate_strength,
+    notched_strength,
 )
 
 __version__ = _version.version()
@@ -61,6 +66,9 @@ __all__ = [
     "LOAD_NAMES",
     "CorvaneError",
     "FAILURE_MODES",
+    "HOLE_DIAMETER",
+    "IMPACT_CHECKS",
+    "NOTCH_CHECKS",
     "PUCK_CARBON",
     "PUCK_GLASS",
     "TSAI_WU_F12_STAR",
@@ -75,6 +83,8 @@ __all__ = [
     "bi_material_laminate_stiffness",
     "laminate_stiffness",
     "laminate_strength",
+    "notched_strength",
+    "impact_strength",
     "library_path",
     "plate_buckling_loads",
     "plate_buckling_rf",

@@ -38,6 +38,8 @@ STRENGTH_ENVIRONMENT_VARIABLE = "CORVANE_STRENGTH_LIBRARY"
 # Lengths of the strength entry point's texts.
 CRITERION_LENGTH = 32
 MESSAGE_LENGTH = 200
+PROPERTIES_LENGTH = 1000
+MODEL_LENGTH = 200
 
 _PACKAGE_DIR = pathlib.Path(__file__).resolve().parent
 
@@ -150,8 +152,19 @@ _PROTOTYPES = {
     "LAMINATE_STRENGTH": [_F] * 14 + _STRENGTH_REST,
     "BI_MATERIAL_LAMINATE_STRENGTH": [_F] * 28 + _STRENGTH_REST,
 }
+# The keyed material of the notched and impact entry points: constants,
+# allowables, the property text; then layup and check or model texts.
+_KEYED = [_F] * 7 + [c_char_p, c_int64, c_char_p, c_int64, c_char_p, c_int64]
+_KEYED_END = [c_char_p, c_int64, _I]  # message, its length, the error code
+_PROTOTYPES["NOTCHED_LAMINATE_STRENGTH"] = _KEYED + [_F, _I, _F, _F, _F] + _KEYED_END
+_PROTOTYPES["IMPACT_LAMINATE_STRENGTH"] = _KEYED + [_F, _F, _I, _F, _F] + _KEYED_END
 # The entry points of the strength library; the others are of the first.
-_STRENGTH_ENTRY_POINTS = {"LAMINATE_STRENGTH", "BI_MATERIAL_LAMINATE_STRENGTH"}
+_STRENGTH_ENTRY_POINTS = {
+    "LAMINATE_STRENGTH",
+    "BI_MATERIAL_LAMINATE_STRENGTH",
+    "NOTCHED_LAMINATE_STRENGTH",
+    "IMPACT_LAMINATE_STRENGTH",
+}
 
 
 @functools.cache
