@@ -91,13 +91,10 @@ TEST(NotchedEntry, AllChecksGiveTheCoreResults) {
                   .evaluate(call.loads, call.fastener, rf)
                   .ok());
   EXPECT_EQ(call.rf, rf);
-  // One check: ncases values, the rest of the array untouched.
-  KeyedCall one;
+  KeyedCall one;  // one check: ncases values, the rest untouched
   one.text = layup_buffer(" fhc", CORVANE_STRENGTH_CRITERION_LENGTH);
-  one.run();
-  EXPECT_EQ(one.rf[0], rf[3]);
-  EXPECT_EQ(one.rf[1], rf[8]);
-  EXPECT_EQ(one.rf[2], -7.0f);
+  EXPECT_EQ(one.run().rf,
+            (std::vector<float>{rf[3], rf[8], -7, -7, -7, -7, -7, -7, -7, -7}));
 }
 
 TEST(ImpactEntry, GivesTheCoreResultsAndLeavesTheModelColumnWithoutOne) {
@@ -114,10 +111,8 @@ TEST(ImpactEntry, GivesTheCoreResultsAndLeavesTheModelColumnWithoutOne) {
   none.model = layup_buffer("", CORVANE_STRENGTH_MODEL_LENGTH);
   none.run();
   ASSERT_EQ(none.ierr, 0) << none.said();
-  EXPECT_EQ(none.rf[0], rf[0]);
-  EXPECT_EQ(none.rf[4], rf[4]);
-  EXPECT_EQ(none.rf[2], -7.0f);
-  EXPECT_EQ(none.rf[5], -7.0f);
+  EXPECT_EQ(none.rf,
+            (std::vector<float>{rf[0], rf[1], -7, rf[3], rf[4], -7, -7, -7, -7, -7}));
 }
 
 TEST(NotchedEntry, RefusalsWriteTheCodeAndReasonOnly) {
@@ -135,17 +130,11 @@ TEST(NotchedEntry, RefusalsWriteTheCodeAndReasonOnly) {
       {true, [](KeyedCall& c) { c.properties = layup_buffer("CAIH=0 KFHC", 1000); }, 10,
        "\"KFHC\""},  // CAIH=0 is ignored, as by key
       {false, [](KeyedCall& c) { c.fastener[1] = testing::kInf; }, 6, "Load case 2 "},
-      {true, [](KeyedCall& c) { c.loads[3] = testing::kInf; }, 6, "Load case 1 "},
       {false, [](KeyedCall& c) { c.ncases = -1; }, 7, "-1 is negative"},
       {false, [](KeyedCall& c) { c.diameter = 0; }, 9, "hole diameter out"},
-      {true, [](KeyedCall& c) { c.energy = -1; }, 9, "impact energy out"},
       {true, [](KeyedCall& c) { c.u = 0; }, 9, "unit factor out"},
       {false, [](KeyedCall& c) { c.properties = layup_buffer("OHT=100", 1000); }, 10,
        "OHT=100 refused: no characteristic"},
-      {false, [](KeyedCall& c) { c.properties = layup_buffer("F1X=100", 1000); }, 10,
-       "\"F1X=100\" refused"},
-      {false, [](KeyedCall& c) { c.properties = layup_buffer("OHT=4x", 1000); }, 10,
-       "\"OHT=4x\" refused"},
       {true, [](KeyedCall& c) { c.model = layup_buffer("CDTM-T05X 1 2 3 4 5", 200); }, 11,
        "\"CDTM-T05X 1 2 3 4 5\" not usable"},
       {true, [](KeyedCall& c) { c.model = layup_buffer("CDTM-T04 1 2 3", 200); }, 11,
