@@ -78,45 +78,26 @@ TEST(Notched, FilledHoleFactorsAndBearingByHand) {
 }
 
 TEST(Notched, RefusalsWriteNothing) {
+  const Loads one = {100, 0, 0, 0, 0, 0, 0}, nan = {0, 0, 0, 0, 0, 0, kNaN};
   const struct {
     std::string_view keys;
     NotchCheck check;
     float diameter;
     Loads loads, fastener;
-    std::string message;
+    std::string_view says;
   } rows[] = {
-      {"",
-       NotchCheck::oht,
-       6.35f,
-       {},
-       {},
-       "Error! a0oht missing (material 1, criterion OHT)."},
-      {"KFHC=0",
-       NotchCheck::fhc,
-       6.35f,
-       {},
-       {},
-       "Error! Kfhc missing (material 1, criterion FHC)."},
-      {"", NotchCheck::fhc, kNaN, {}, {}, "Error! Option hole diameter out of range."},
-      {"",
-       NotchCheck::fhc,
-       1,
-       {0, 0, 0, 0, 0, 0, kNaN},
-       {},
-       "Error! Load case 1 is not finite."},
-      {"", NotchCheck::bearing, 1, {}, {kNaN}, "Error! Load case 1 is not finite."},
-      {"",
-       NotchCheck::bearing,
-       1,
-       {},
-       {},
-       "Error! Array fastener loads of the wrong size."},
+      {"", NotchCheck::oht, 6.35f, one, {}, "a0oht missing (material 1, criterion OHT)"},
+      {"KFHC=0", NotchCheck::fhc, 6.35f, one, {}, "Kfhc missing"},
+      {"", NotchCheck::fhc, kNaN, one, {}, "Option hole diameter out of range"},
+      {"", NotchCheck::fhc, 1, nan, {}, "Load case 1 is not finite"},
+      {"", NotchCheck::bearing, 1, one, {kNaN}, "Load case 1 is not finite"},
+      {"", NotchCheck::bearing, 1, one, {}, "Array fastener loads of the wrong size"},
   };
   for (const auto& row : rows) {
     const NotchedPlan plan(QuasiIsotropic(Tape(row.keys)), {&row.check, 1}, row.diameter);
     std::vector<float> rf(1, -7.0f);
-    const Loads loads = row.loads.empty() ? Loads{100, 0, 0, 0, 0, 0, 0} : row.loads;
-    EXPECT_EQ(plan.evaluate(loads, row.fastener, rf).message(), row.message);
+    EXPECT_NE(plan.evaluate(row.loads, row.fastener, rf).message().find(row.says),
+              std::string::npos);
     EXPECT_EQ(rf[0], -7.0f);
   }
 }
