@@ -24,12 +24,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
                                             "x=1"};
 #ifdef CORVANE_FUZZ_IMPACT
   static const char* const kChoices[] = {"",
-                                         "CDTM-T03 0.001 0.002 0.001 0.003 5000 5000 1",
-                                         "cdtm-t04 0.003 0.5 0.004 0.2 1 0.9",
+                                         "CDTM-T03 .001 .002 .001 .003 5e3 5e3 1",
+                                         "cdtm-t04 .003 .5 .004 .2 1 .9",
                                          "CDTM-T05 1 2 3 4 5",
                                          "CDTM-T06 0 0 0 0 0",
                                          "CDTM-T04 1 2",
-                                         "CDTM-T07 1 2 3 4 5 6 7"};
+                                         "CDTM-T07 1 2 3 4 5"};
   constexpr std::size_t kTextLength = CORVANE_STRENGTH_MODEL_LENGTH;
 #else
   static const char* const kChoices[] = {"ALL", " oht",    "OHC", "FHT",
@@ -43,7 +43,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   std::memcpy(&choice, &m[9], sizeof choice);
   const int32_t ncases = static_cast<int32_t>(choice % 10) - 1;
   const std::size_t n = ncases > 0 ? static_cast<std::size_t>(ncases) : 1;
-  std::string properties(kProperties[choice / 10 % 7]), text(kChoices[choice / 70 % 7]);
+  std::string properties(kProperties[choice / 10 % 4]), text(kChoices[choice / 40 % 7]);
   properties.resize(CORVANE_STRENGTH_PROPERTIES_LENGTH, ' ');
   text.resize(kTextLength, ' ');
   std::vector<float> loads(7 * n), fastener(n);

@@ -140,38 +140,25 @@ Bytes strength(const std::string& criterion, float nx, bool two = false) {
 
 // A keyed material with a hole, by one check or all; or after impact, with a
 // damage model or none.
-Bytes notched(const std::string& check, float nx) {
-  const float m[7] = {0.125f, 181000, 10300, 7170, 0.28f, 1500, 1500};
-  auto properties =
-      layup_buffer("OHT=420 OHC=310 A0FHT=1 FBR=800", CORVANE_STRENGTH_PROPERTIES_LENGTH);
-  auto layup = layup_buffer("(0/45/-45/90)2S"), name = layup_buffer(check, 32);
+Bytes damaged(bool impact, const std::string& text, float nx) {
+  const float m[7] = {0.125f, 181000, 10300, 7170, 0.28f, 1500, 1500}, d = 6.35f, e = 30;
+  auto keys =
+      layup_buffer("OHT=420 OHC=310 CAIH=0.005", CORVANE_STRENGTH_PROPERTIES_LENGTH);
+  auto layup = layup_buffer("(0/45/-45/90)2S"), name = layup_buffer(text, 200);
   const int32_t n = 2;
-  const float d = 6.35f, loads[14] = {nx, 10, 20, 1, 2, 3, 0, -30, nx, 0, 0, 0, 5, -100};
-  const float fastener[2] = {1000, nx};
+  const float loads[14] = {nx, 10, 20, 1, 2, 3, 0, -30, nx, 0, 0, 0, 5, -100};
   float rf[10] = {};
   int32_t ierr = 7;
   char message[CORVANE_STRENGTH_MESSAGE_LENGTH];
-  NOTCHED_LAMINATE_STRENGTH(&m[0], &m[1], &m[2], &m[3], &m[4], &m[5], &m[6],
-                            properties.data(), 0, layup.data(), 0, name.data(), 0, &d, &n,
-                            loads, fastener, rf, message, 0, &ierr);
-  Bytes out;
-  append(out, rf, ierr, message);
-  return out;
-}
-
-Bytes impact(const std::string& model, float energy) {
-  const float m[7] = {0.125f, 181000, 10300, 7170, 0.28f, 1500, 1500};
-  auto properties = layup_buffer("CAIH=0.005", CORVANE_STRENGTH_PROPERTIES_LENGTH);
-  auto layup = layup_buffer("(0/45/-45/90)2S");
-  auto text = layup_buffer(model, CORVANE_STRENGTH_MODEL_LENGTH);
-  const int32_t n = 2;
-  const float u = 1, loads[14] = {-400, 10, 20, 1, 2, 3, 0, 30, 200, 0, 0, 0, 5, -100};
-  float rf[6] = {};
-  int32_t ierr = 7;
-  char message[CORVANE_STRENGTH_MESSAGE_LENGTH];
-  IMPACT_LAMINATE_STRENGTH(&m[0], &m[1], &m[2], &m[3], &m[4], &m[5], &m[6],
-                           properties.data(), 0, layup.data(), 0, text.data(), 0, &u,
-                           &energy, &n, loads, rf, message, 0, &ierr);
+  if (impact) {
+    IMPACT_LAMINATE_STRENGTH(&m[0], &m[1], &m[2], &m[3], &m[4], &m[5], &m[6], keys.data(),
+                             0, layup.data(), 0, name.data(), 0, &m[6], &e, &n, loads, rf,
+                             message, 0, &ierr);
+  } else {
+    NOTCHED_LAMINATE_STRENGTH(&m[0], &m[1], &m[2], &m[3], &m[4], &m[5], &m[6],
+                              keys.data(), 0, layup.data(), 0, name.data(), 0, &d, &n,
+                              loads, loads, rf, message, 0, &ierr);
+  }
   Bytes out;
   append(out, rf, ierr, message);
   return out;
@@ -216,12 +203,12 @@ std::vector<std::function<Bytes()>> mixed_calls() {
       [=] { return strength("TSAI_WU", nan); },
       [=] { return strength("PUCK", -500, true); },
       [=] { return strength("HOFFMAN", 200, true); },
-      [=] { return notched("ALL", 300); },
-      [=] { return notched("fhc", -700); },
-      [=] { return notched("OHT", nan); },
-      [=] { return impact("CDTM-T04 0.003 0.5 0.004 0.05 1", 30); },
-      [=] { return impact("", 30); },
-      [=] { return impact("CDTM-T99 1", 30); },
+      [=] { return damaged(false, "ALL", 300); },
+      [=] { return damaged(false, "fhc", -700); },
+      [=] { return damaged(false, "OHT", nan); },
+      [=] { return damaged(true, "CDTM-T04 0.003 0.5 0.004 0.05 1", -400); },
+      [=] { return damaged(true, "", -400); },
+      [=] { return damaged(true, "CDTM-T99 1", 300); },
   };
 }
 
