@@ -20,10 +20,6 @@ def test_a_quasi_isotropic_laminate_at_its_measured_notched_strength():
     assert rf[1, 1] == pytest.approx(1, rel=2e-4)
     one = corvane.notched_strength(TAPE, LAYUP, loads, "ohc", properties="OHC=310")
     assert list(one) == list(rf[:, 1])
-    bearing = corvane.notched_strength(
-        TAPE, LAYUP, CASES, "BEARING", fastener_loads=1000.0
-    )
-    assert bearing[0] == pytest.approx(750 * 6.35 * 2 / 1000, rel=1e-6)  # Fbr = 0.5 F1c
 
 
 def test_impact_with_and_without_a_model():
@@ -37,9 +33,8 @@ def test_impact_with_and_without_a_model():
 
 
 def test_refusals():
-    with pytest.raises(corvane.CorvaneError, match="a0oht missing") as e:
+    with pytest.raises(corvane.CorvaneError, match="code 5: Error! a0oht missing"):
         corvane.notched_strength(TAPE, LAYUP, CASES, "OHT")
-    assert e.value.code == 5
     with pytest.raises(corvane.CorvaneError, match="not usable") as e:
         corvane.impact_strength(TAPE, LAYUP, CASES, 30.0, damage_model="CDTM-T07 1 2")
     assert e.value.code == 11

@@ -115,12 +115,8 @@ TEST(NotchedEntry, RefusalsWriteTheCodeAndReasonOnly) {
       {false, [](KeyedCall& c) { c.ncases = -1; }, 7, "-1 is negative"},
       {false, [](KeyedCall& c) { c.diameter = 0; }, 9, "hole diameter out"},
       {true, [](KeyedCall& c) { c.u = 0; }, 9, "unit factor out"},
-      {false, [](KeyedCall& c) { c.properties = layup_buffer("OHT=100", 1000); }, 10,
-       "OHT=100 refused: no characteristic"},
       {true, [](KeyedCall& c) { c.model = layup_buffer("CDTM-T05X 1 2 3 4 5", 200); }, 11,
        "\"CDTM-T05X 1 2 3 4 5\" not usable"},
-      {true, [](KeyedCall& c) { c.model = layup_buffer("CDTM-T04 1 2 3", 200); }, 11,
-       "not usable"},
   };
   for (const auto& row : rows) {
     KeyedCall call{row.impact};
