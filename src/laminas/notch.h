@@ -3,23 +3,22 @@
 //
 // Stress concentration at the edge of a circular hole in an infinite
 // orthotropic plate loaded along x, from the membrane stiffness [A]
-// (S. G. Lekhnitskii, Anisotropic Plates, 1968, section 31; the [A] form as in
-// J. M. Whitney and R. J. Nuismer, J. Composite Materials 8 (1974) 253-265,
-// equation 10):
+// (S. G. Lekhnitskii, Anisotropic Plates, 1968; the [A] form as in J. M.
+// Whitney and R. J. Nuismer, J. Composite Materials 8 (1974) 253-265):
 //   K_T = 1 + sqrt( (2/A22) (sqrt(A11 A22) - A12 + (A11 A22 - A12^2)/(2 A66)) ),
 // 3 for an isotropic (quasi-isotropic) laminate. Along y, A11 and A22 swap.
 //
-// Point-stress criterion (Whitney and Nuismer 1974, equation 13, with the
-// orthotropic stress distribution of H. J. Konish and J. M. Whitney,
-// J. Composite Materials 9 (1975) 157-166): the plate fails when the stress
+// Point-stress criterion (Whitney and Nuismer 1974, with the orthotropic
+// stress distribution of H. J. Konish and J. M. Whitney, J. Composite
+// Materials 9 (1975) 157-166): the plate fails when the stress
 // at the distance d0 ahead of the hole edge reaches the unnotched strength, so
 // with xi = R/(R + d0), R the hole radius,
 //   sigma_N/sigma_0 = 2 / (2 + xi^2 + 3 xi^4 - (K_T - 3)(5 xi^6 - 7 xi^8)).
 // It runs from 1 for a vanishing hole (xi = 0) to 1/K_T for d0 = 0 (xi = 1).
-// The polynomial approximates the exact distribution less well as K_T grows
-// (Konish and Whitney fitted it for moderate orthotropy); far beyond, it can
-// fall below 1/K_T and even turn negative, so the ratio is held at 1/K_T or
-// above: the stress ahead of the hole never exceeds its peak at the edge.
+// The polynomial approximates the exact distribution less well as K_T grows;
+// for strongly orthotropic laminates it can fall below 1/K_T and even turn
+// negative, so the ratio is held at 1/K_T or above: the stress ahead of the
+// hole never exceeds its peak at the edge.
 #pragma once
 
 #include "util/matrix3.h"
