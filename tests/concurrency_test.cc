@@ -216,6 +216,32 @@ Bytes crippling(float width, float length, const std::string& criterion = "PUCK"
   return out;
 }
 
+// A keyed material with a hole, by one check or all; or after impact, with a
+// damage model or none.
+Bytes damaged(bool impact, const std::string& text, float nx) {
+  const float m[7] = {0.125f, 181000, 10300, 7170, 0.28f, 1500, 1500}, d = 6.35f, e = 30;
+  auto keys =
+      layup_buffer("OHT=420 OHC=310 CAIH=0.005", CORVANE_STRENGTH_PROPERTIES_LENGTH);
+  auto layup = layup_buffer("(0/45/-45/90)2S"), name = layup_buffer(text, 200);
+  const int32_t n = 2;
+  const float loads[14] = {nx, 10, 20, 1, 2, 3, 0, -30, nx, 0, 0, 0, 5, -100};
+  float rf[10] = {};
+  int32_t ierr = 7;
+  char message[CORVANE_STRENGTH_MESSAGE_LENGTH];
+  if (impact) {
+    IMPACT_LAMINATE_STRENGTH(&m[0], &m[1], &m[2], &m[3], &m[4], &m[5], &m[6], keys.data(),
+                             0, layup.data(), 0, name.data(), 0, &m[6], &e, &n, loads, rf,
+                             message, 0, &ierr);
+  } else {
+    NOTCHED_LAMINATE_STRENGTH(&m[0], &m[1], &m[2], &m[3], &m[4], &m[5], &m[6],
+                              keys.data(), 0, layup.data(), 0, name.data(), 0, &d, &n,
+                              loads, loads, rf, message, 0, &ierr);
+  }
+  Bytes out;
+  append(out, rf, ierr, message);
+  return out;
+}
+
 std::vector<std::function<Bytes()>> mixed_calls() {
   const Ply carbon{0.125f, 135000.0f, 10000.0f, 5000.0f, 0.3f, -0.3e-6f, 28e-6f};
   const Ply glass{0.2f, 70000.0f, 70000.0f, 5000.0f, 0.05f, 2e-6f, 2e-6f};
@@ -264,6 +290,12 @@ std::vector<std::function<Bytes()>> mixed_calls() {
       [=] { return crippling(90, 2500, "TSAI_WU"); },
       [=] { return crippling(-1, 300); },
       [=] { return crippling(40, 300, "AOSL"); },
+      [=] { return damaged(false, "ALL", 300); },
+      [=] { return damaged(false, "fhc", -700); },
+      [=] { return damaged(false, "OHT", nan); },
+      [=] { return damaged(true, "CDTM-T04 0.003 0.5 0.004 0.05 1", -400); },
+      [=] { return damaged(true, "", -400); },
+      [=] { return damaged(true, "CDTM-T99 1", 300); },
   };
 }
 

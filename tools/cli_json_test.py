@@ -48,6 +48,12 @@ CASES = [
     ("strength '(0/45./-45/90)S' --nx -500 --dt -100", 0),
     ("strength --criterion mts2", 1),
     ("strength --loads x.csv", 2),
+    ("notched --nx 400 --check oht,bearing --fastener-load 100 --property A0OHT=1", 0),
+    ("notched --nx 400 --check oht", 1),
+    ("notched --hole-diameter 0 --property A0OHT=1", 1),
+    ("impact --nx -400 --energy 30 --model 'CDTM-T04 0.003 0.5 0.004 0.05 1'", 0),
+    ("impact --model 'CDTM-T09 1 2'", 1),
+    ("impact --loads x.csv --json", 2),
     ("crippling --segment b=20,edge=OEF,y=10,z=20 --segment b=40,edge=NEF,angle=90"
      " --segment b=20,edge=OEF,y=-10,z=-20 --length 300", 0),
     ("crippling --segment b=2,edge=OEF --segment b=40,edge=NEF,angle=90 --length 300", 0),

@@ -26,5 +26,7 @@ std::unique_ptr<Command> add_shell_buckling_command(CLI::App& program);
 std::unique_ptr<Command> add_strength_command(CLI::App& program);
 std::unique_ptr<Command> add_crippling_command(CLI::App& program);
 std::unique_ptr<Command> add_materials_command(CLI::App& program);
+std::unique_ptr<Command> add_notched_command(CLI::App& program);
+std::unique_ptr<Command> add_impact_command(CLI::App& program);
 
 }  // namespace corvane::cli

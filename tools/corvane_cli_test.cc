@@ -202,7 +202,9 @@ TEST(Commands, OneLineNamesTheFault) {
       {"reserve-factor --nx -5", 2, "give the critical loads (--nxcr --nycr --nxycr) or"},
       {"stifness", 2,
        "corvane: unknown command \"stifness\"; the commands are stiffness, strains, "
-       "plate-buckling, reserve-factor, shell-buckling, strength, crippling, materials"},
+       "plate-buckling, reserve-factor, shell-buckling, strength, notched, impact, "
+       "crippling, "
+       "materials"},
       {"", 2, "corvane: A subcommand is required (see --help)"},
       {"stiffness --deck solver --m2-f2c -5", 1,
        "material 2: F2c = -5 is negative (library error code 1"},

@@ -37,6 +37,8 @@ int main(int argc, char** argv) {
   commands.push_back(add_reserve_factor_command(program));
   commands.push_back(add_shell_buckling_command(program));
   commands.push_back(add_strength_command(program));
+  commands.push_back(add_notched_command(program));
+  commands.push_back(add_impact_command(program));
   commands.push_back(add_crippling_command(program));
   commands.push_back(add_materials_command(program));
   program.footer(

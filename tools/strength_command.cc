@@ -21,106 +21,15 @@
 #include "laminas/criterion_code.h"
 #include "laminates/stacking_sequence.h"
 #include "laminates_stressed/laminate_stressed.h"
+#include "load_cases.h"
 #include "number_text.h"
 #include "ply_strengths.h"
 #include "util/keywords.h"
 #include "util/number_reading.h"
 
 namespace corvane::cli {
+
 namespace {
-
-struct LoadField {
-  std::string_view option, label, key, help;
-};
-// In the order of a LoadCase row; the labels are also the CSV column names,
-// the keys those of the JSON.
-constexpr std::array<LoadField, kLoadCaseValues> kLoadFields{{
-    {"--nx", "Nx", "n_x", "running load in x"},
-    {"--ny", "Ny", "n_y", "running load in y"},
-    {"--nxy", "Nxy", "n_xy", "running shear load"},
-    {"--mx", "Mx", "m_x", "running bending moment in x"},
-    {"--my", "My", "m_y", "running bending moment in y"},
-    {"--mxy", "Mxy", "m_xy", "running twisting moment"},
-    {"--dt", "dT", "dt", "temperature change"},
-}};
-
-std::string error_meaning(StrengthError error) {
-  switch (error) {
-    case StrengthError::none:
-      return "success";
-    case StrengthError::laminate_in_error:
-      return "laminate in error";
-    case StrengthError::unknown_criterion:
-      return "unknown criterion";
-    case StrengthError::criterion_not_available:
-      return "criterion not available";
-    case StrengthError::strength_missing:
-      return "strength missing";
-    case StrengthError::non_finite_load:
-      return "load not finite";
-    case StrengthError::bad_option:
-      return "option out of range";
-    case StrengthError::wrong_size:
-      return "array of the wrong size";
-  }
-  return "unknown error";
-}
-
-// The core's words without "Error! " and the full stop, with the option that
-// gives a missing strength or an option out of range.
-std::string failure_words(const StrengthStatus& status) {
-  std::string what = status.message();
-  if (what.starts_with("Error! ")) what.erase(0, 7);
-  if (what.ends_with('.')) what.pop_back();
-  if (status.error == StrengthError::strength_missing) {
-    std::string option = normalize_keyword(status.name);
-    std::transform(option.begin(), option.end(), option.begin(),
-                   [](char c) { return c >= 'A' && c <= 'Z' ? char(c - 'A' + 'a') : c; });
-    what += ": give --" + std::string(status.material == 2 ? "m2-" : "") + option;
-  } else if (status.error == StrengthError::bad_option) {
-    const std::string_view name = status.name;
-    what += name == "F12*" ? " (--f12-star)"
-            : name == "p+" ? " (--puck-p-plus)"
-            : name == "p-" ? " (--puck-p-minus)"
-                           : "";
-  }
-  return what;
-}
-
-// The codes of the criteria named, each once, in the order first named; "all"
-// is every criterion with an evaluation, and so is no name at all. Returns the
-// first name that is no criterion keyword, or nothing.
-std::optional<std::string> criterion_codes(const std::vector<std::string>& names,
-                                           std::vector<std::int32_t>& codes) {
-  const auto add = [&codes](std::int32_t code) {
-    if (std::find(codes.begin(), codes.end(), code) == codes.end()) codes.push_back(code);
-  };
-  for (const std::string& name : names) {
-    if (normalize_keyword(name) == "ALL") {
-      for (std::int32_t code : kEvaluatedCriteria) add(code);
-    } else if (const std::int32_t code = criterion_code(name); code != kNoCriterion) {
-      add(code);
-    } else {
-      return name;
-    }
-  }
-  if (names.empty()) codes.assign(kEvaluatedCriteria.begin(), kEvaluatedCriteria.end());
-  return std::nullopt;
-}
-
-std::string known_criteria() {
-  std::string list;
-  for (std::int32_t code : kEvaluatedCriteria) {
-    list += std::string(criterion_keyword(code)) + ", ";
-  }
-  return list + "or all";
-}
-
-void append_real(std::string& text, float value) {
-  char buffer[32];
-  const auto written = std::to_chars(buffer, buffer + sizeof buffer, value);
-  text.append(buffer, written.ptr);
-}
 
 std::string_view trimmed(std::string_view s) {
   while (!s.empty() && (s.front() == ' ' || s.front() == '\t')) s.remove_prefix(1);
@@ -130,15 +39,8 @@ std::string_view trimmed(std::string_view s) {
   return s;
 }
 
-// A bad line of a load-case file: the file, the line and the fault.
-struct LoadFileError {
-  std::string message;
-};
+}  // namespace
 
-// Reads a CSV file of load cases: a header naming some of the columns Nx, Ny,
-// Nxy, Mx, My, Mxy, dT (letter case ignored; those not named are 0), then one
-// case a line; blank lines are skipped. Every value is read before any result
-// is computed.
 std::vector<float> read_load_cases(const std::string& path) {
   std::ifstream file(path, std::ios::binary);
   std::stringstream buffer;
@@ -205,6 +107,146 @@ std::vector<float> read_load_cases(const std::string& path) {
   }
   if (column.empty()) throw LoadFileError{path + ": no header line"};
   return loads;
+}
+
+namespace {
+
+// Strengths (compression positive) and allowable strains of a ply material.
+// An allowable strain that is NaN is derived from the strengths (see lamina()).
+struct PlyStrengths {
+  float f1t, f1c, f2t, f2c, f12, uetall, uecall;
+};
+struct StrengthField {
+  std::string_view option, label, meaning;
+  float PlyStrengths::*value;
+  float LAMINA::*member;
+};
+constexpr std::array<StrengthField, 7> kStrengthFields{{
+    {"f1t", "F1t", "tensile strength along the fibres", &PlyStrengths::f1t, &LAMINA::F1t},
+    {"f1c", "F1c", "compressive strength along the fibres", &PlyStrengths::f1c,
+     &LAMINA::F1c},
+    {"f2t", "F2t", "tensile strength across the fibres", &PlyStrengths::f2t,
+     &LAMINA::F2t},
+    {"f2c", "F2c", "compressive strength across the fibres", &PlyStrengths::f2c,
+     &LAMINA::F2c},
+    {"f12", "F12", "in-plane shear strength", &PlyStrengths::f12, &LAMINA::F12},
+    {"uetall", "uetall", "allowable tensile strain along the fibres",
+     &PlyStrengths::uetall, &LAMINA::uetall},
+    {"uecall", "uecall", "allowable compressive strain along the fibres",
+     &PlyStrengths::uecall, &LAMINA::uecall},
+}};
+
+// The built-in material's strengths: those of T300/5208 carbon/epoxy tape
+// (S. W. Tsai and H. T. Hahn, Introduction to Composite Materials, 1980), paired
+// with the command's default moduli, which are not T300/5208's.
+PlyStrengths built_in_strengths() {
+  const LAMINA m = t300_5208();
+  return {m.F1t, m.F1c, m.F2t, m.F2c, m.F12, NAN, NAN};
+}
+
+// A ply material with its strengths. new_lamina derives the allowable strains
+// from F1t and F1c when it reads them as strengths (1 or more): 0.8 F1t/E1 and
+// F1c/E1. Below 1 it would read a strain, so a smaller strength derives none.
+LAMINA lamina(const PlyMaterial& m, const PlyStrengths& s) {
+  LAMINA l = new_lamina(m.t, m.e1, m.e2, m.g12, m.nu12, s.f1t >= 1.0f ? s.f1t : 0.0f,
+                        s.f1c >= 1.0f ? s.f1c : 0.0f);
+  l.CTE1 = m.cte1;
+  l.CTE2 = m.cte2;
+  l.set_strengths(s.f1t, s.f1c, s.f12, s.f2t, s.f2c);
+  if (!std::isnan(s.uetall)) l.uetall = s.uetall;
+  if (!std::isnan(s.uecall)) l.uecall = s.uecall;
+  return l;
+}
+
+// A negative strength or allowable, as "F2t = -40 is negative"; empty if none.
+std::string negative_strength(const PlyStrengths& s) {
+  for (const StrengthField& field : kStrengthFields) {
+    if (s.*field.value < 0.0f) {
+      return std::string(field.label) + " = " + format_general(s.*field.value) +
+             " is negative";
+    }
+  }
+  return {};
+}
+
+std::string error_meaning(StrengthError error) {
+  switch (error) {
+    case StrengthError::none:
+      return "success";
+    case StrengthError::laminate_in_error:
+      return "laminate in error";
+    case StrengthError::unknown_criterion:
+      return "unknown criterion";
+    case StrengthError::criterion_not_available:
+      return "criterion not available";
+    case StrengthError::strength_missing:
+      return "strength missing";
+    case StrengthError::non_finite_load:
+      return "load not finite";
+    case StrengthError::bad_option:
+      return "option out of range";
+    case StrengthError::wrong_size:
+      return "array of the wrong size";
+    case StrengthError::damage_model_unusable:
+      return "damage model not usable";
+  }
+  return "unknown error";
+}
+
+// The core's words without "Error! " and the full stop, with the option that
+// gives a missing strength or an option out of range.
+std::string failure_words(const StrengthStatus& status) {
+  std::string what = status.message();
+  if (what.starts_with("Error! ")) what.erase(0, 7);
+  if (what.ends_with('.')) what.pop_back();
+  if (status.error == StrengthError::strength_missing) {
+    std::string option = normalize_keyword(status.name);
+    std::transform(option.begin(), option.end(), option.begin(),
+                   [](char c) { return c >= 'A' && c <= 'Z' ? char(c - 'A' + 'a') : c; });
+    what += ": give --" + std::string(status.material == 2 ? "m2-" : "") + option;
+  } else if (status.error == StrengthError::bad_option) {
+    const std::string_view name = status.name;
+    what += name == "F12*" ? " (--f12-star)"
+            : name == "p+" ? " (--puck-p-plus)"
+            : name == "p-" ? " (--puck-p-minus)"
+                           : "";
+  }
+  return what;
+}
+
+// The codes of the criteria named, each once, in the order first named; "all"
+// is every criterion with an evaluation, and so is no name at all. Returns the
+// first name that is no criterion keyword, or nothing.
+std::optional<std::string> criterion_codes(const std::vector<std::string>& names,
+                                           std::vector<std::int32_t>& codes) {
+  const auto add = [&codes](std::int32_t code) {
+    if (std::find(codes.begin(), codes.end(), code) == codes.end()) codes.push_back(code);
+  };
+  for (const std::string& name : names) {
+    if (normalize_keyword(name) == "ALL") {
+      for (std::int32_t code : kEvaluatedCriteria) add(code);
+    } else if (const std::int32_t code = criterion_code(name); code != kNoCriterion) {
+      add(code);
+    } else {
+      return name;
+    }
+  }
+  if (names.empty()) codes.assign(kEvaluatedCriteria.begin(), kEvaluatedCriteria.end());
+  return std::nullopt;
+}
+
+std::string known_criteria() {
+  std::string list;
+  for (std::int32_t code : kEvaluatedCriteria) {
+    list += std::string(criterion_keyword(code)) + ", ";
+  }
+  return list + "or all";
+}
+
+void append_real(std::string& text, float value) {
+  char buffer[32];
+  const auto written = std::to_chars(buffer, buffer + sizeof buffer, value);
+  text.append(buffer, written.ptr);
 }
 
 // A bar on standard error while a long file is worked through, only when

@@ -4,6 +4,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <charconv>
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
@@ -14,7 +15,9 @@
 
 #include "laminas/criterion_code.h"
 #include "laminates/stacking_sequence.h"
+#include "laminates_stressed/impact_strength.h"
 #include "laminates_stressed/laminate_stressed.h"
+#include "laminates_stressed/notched_strength.h"
 
 namespace corvane {
 namespace {
@@ -174,6 +177,67 @@ TEST(StrengthCommand, BadInputNamesTheFault) {
   EXPECT_EQ(json.status, 1);
   EXPECT_EQ(nlohmann::json::parse(json.out)["error"]["library_code"], 3);
   std::remove(csv.c_str());
+}
+
+}  // namespace
+}  // namespace corvane
+
+namespace corvane {
+namespace {
+
+// "corvane notched" (JSON) and "corvane impact" (a CSV of cases) against the
+// core's plans for the same keyed material, and their refusals.
+Outcome command(const std::string& args) {
+  const std::string out = scratch("out"), err = scratch("err");
+  const int status = std::system(
+      ("'" CORVANE_CLI_PROGRAM "' " + args + " >" + out + " 2>" + err).c_str());
+  return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, read(out), read(err)};
+}
+
+TEST(NotchedCommand, AreTheCoresNumbers) {
+  LAMINA m = new_lamina(0.125f, 135000.0f, 10000.0f, 5000.0f, 0.3f, 1500.0f, 1500.0f);
+  ASSERT_EQ(set_properties(m, "OHC=310 CAIH=0.005"), "");
+  std::vector<float> angles;
+  parse_stacking_sequence("(0/45/-45/90)S", angles);
+  const LAMINATESTRESSED lam(m, angles);
+  const NotchCheck ohc = NotchCheck::ohc;
+  std::vector<float> rf(4);
+  const std::vector<float> loads = {100, 0, 0, 0, 0, 0, 0, 20, -300, 0, 0, 0, 0, 0};
+  ASSERT_TRUE(
+      NotchedPlan(lam, {&ohc, 1}, 4.8f).evaluate(loads, {}, std::span(rf).first(2)).ok());
+  const Outcome json = command(
+      "notched --property OHC=310 --check ohc --hole-diameter 4.8 "
+      "--nx 20 --ny -300 --json");
+  ASSERT_EQ(json.status, 0) << json.err;
+  EXPECT_EQ(nlohmann::json::parse(json.out)["results"]["checks"][0]["rf"].get<float>(),
+            rf[1]);
+
+  std::ofstream(scratch("cases.csv")) << "Ny,Nx\n0,100\n-300,20\n";
+  const Outcome csv =
+      command("impact --property CAIH=0.005 --loads " + scratch("cases.csv"));
+  ASSERT_TRUE(ImpactPlan(lam, 0, false).evaluate(loads, rf).ok());
+  std::string expected = "case,CAIH_rf,CAIE_rf\n";
+  for (std::size_t i = 0; i < 4; ++i) {
+    char digits[32];
+    expected += i % 2 == 0 ? std::to_string(i / 2 + 1) + "," : ",";
+    expected.append(digits, std::to_chars(digits, digits + 32, rf[i]).ptr);
+    if (i % 2 == 1) expected += '\n';
+  }
+  EXPECT_EQ(csv.out, expected) << csv.err;
+}
+
+TEST(NotchedCommand, RefusalsSayWhy) {
+  const std::pair<std::string, std::string> rows[] = {
+      {"notched --nx 100 --check oht", "a0oht missing (material 1, criterion OHT)"},
+      {"notched --property A0OHT=1 --hole-diameter -2", "out of range (--hole-diameter)"},
+      {"impact --property OHT=100", "OHT=100 refused"},
+      {"impact --model 'CDTM-T04 1 2'", "not usable"},
+  };
+  for (const auto& [args, says] : rows) {
+    const Outcome o = command(args);
+    EXPECT_EQ(o.status, 1) << args;
+    EXPECT_NE(o.err.find(says), std::string::npos) << o.err;
+  }
 }
 
 }  // namespace

@@ -45,6 +45,16 @@ extern "C" {
 #define CORVANE_STRENGTH_MESSAGE_LENGTH 200
 /* Values of one load case: Nx, Ny, Nxy, Mx, My, Mxy, dT. */
 #define CORVANE_STRENGTH_LOAD_VALUES 7
+/* Lengths of the material property text and of the damage model text read by
+ * NOTCHED_LAMINATE_STRENGTH and IMPACT_LAMINATE_STRENGTH; the notch check
+ * keyword has the criterion's length. */
+#define CORVANE_STRENGTH_PROPERTIES_LENGTH 1000
+#define CORVANE_STRENGTH_MODEL_LENGTH 200
+/* Results per load case of NOTCHED_LAMINATE_STRENGTH with the check ALL:
+ * OHT, OHC, FHT, FHC, BEARING; and of IMPACT_LAMINATE_STRENGTH: CAIH, CAIE,
+ * the damage model. */
+#define CORVANE_STRENGTH_NOTCH_CHECKS 5
+#define CORVANE_STRENGTH_IMPACT_CHECKS 3
 
 /*
  * LAMINATE_STRENGTH: first-ply failure of a laminate of one ply material under
@@ -370,6 +380,100 @@ CORVANE_STRENGTH_API void SECTION_CRIPPLING(
     int32_t* warning, float* area, float* ea, float* fcc_section, float* pcc, float* rho,
     float* column_stress, float* column_load, int32_t* column_mode, char* message,
     int64_t message_length, int32_t* ierr);
+/*
+ * NOTCHED_LAMINATE_STRENGTH: reserve factors of a laminate of one ply material
+ * with a circular hole under many load cases: open-hole tension and
+ * compression (OHT, OHC) and filled-hole tension (FHT, with a0fht) by the
+ * point-stress criterion of Whitney and Nuismer with the laminate's
+ * orthotropic stress concentration factor; filled-hole compression (FHC, and
+ * FHT without a0fht) by the filled-hole factors Kfhc, Kfht; the bearing of a
+ * fastener load (BEARING). See docs/strength.md. Each is checked along x and
+ * y against the membrane strains of the mechanical loads.
+ *
+ * t, e1, e2, g12, nu12   ply thickness and elastic constants, as in
+ *                        LAMINATE_STRENGTH
+ * tension_allowable, compression_allowable
+ *                        along the fibres: below 1 an ultimate strain, 1 or
+ *                        more a strength (the strain is then value/E1); the
+ *                        unnotched strains of the checks
+ * properties, properties_length
+ *                        material properties by key, "KEY=value" separated by
+ *                        blanks, commas or semicolons, letter case ignored,
+ *                        applied in order: OHT, OHC, FHT (measured notched
+ *                        strengths of the quasi-isotropic laminate with a 6.35
+ *                        hole, from which the characteristic distances are
+ *                        derived), FHC, A0OHT, A0OHC, A0FHT, KFHT, KFHC, FBR,
+ *                        F1T, F1C, CAIH, CAIE and the other keys of the ply
+ *                        material; 1000 characters, blank for none
+ * layup, layup_length    stacking sequence
+ * check, check_length    OHT, OHC, FHT, FHC, BEARING or ALL (the five in that
+ *                        order), letter case and blanks ignored
+ * hole_diameter          the hole's diameter, positive (6.35 is the usual
+ *                        quarter inch in mm)
+ * ncases, loads          load cases as in LAMINATE_STRENGTH (dT is not counted)
+ * fastener_loads         ncases floats: the fastener load in the hole (force),
+ *                        read for BEARING and ALL only
+ * rf                     out, ncases floats (ncases x 5 for ALL, case after
+ *                        case); 1.0e10 when the case does not load the check
+ * message, message_length
+ *                        out, as in LAMINATE_STRENGTH
+ * ierr                   out: 0 success; 1 invalid ply material; 2 stacking
+ *                        sequence refused or laminate unusable; 3 unknown
+ *                        check keyword; 5 notch data missing (e.g. "Error!
+ *                        a0oht missing (material 1, criterion OHT)."); 6 a
+ *                        load or fastener load is NaN or infinite; 7 ncases
+ *                        negative; 8 memory exhausted; 9 hole diameter not
+ *                        positive; 10 a property refused (unknown key,
+ *                        unreadable value, or a notched strength from which
+ *                        no characteristic distance follows).
+ * On error only ierr and message are written.
+ */
+CORVANE_STRENGTH_API void NOTCHED_LAMINATE_STRENGTH(
+    const float* t, const float* e1, const float* e2, const float* g12, const float* nu12,
+    const float* tension_allowable, const float* compression_allowable,
+    const char* properties, int64_t properties_length, const char* layup,
+    int64_t layup_length, const char* check, int64_t check_length,
+    const float* hole_diameter, const int32_t* ncases, const float* loads,
+    const float* fastener_loads, float* rf, char* message, int64_t message_length,
+    int32_t* ierr);
+
+/*
+ * IMPACT_LAMINATE_STRENGTH: residual strength after impact of a laminate of one
+ * ply material under many load cases: the largest principal membrane strain
+ * (of the mechanical loads) against the after-impact strain limits CAIH and
+ * CAIE and, when a damage model is given, its allowable for the impact energy
+ * and the laminate's thickness. See docs/strength.md for the model's p1 ... p4.
+ *
+ * t ... layup_length     as in NOTCHED_LAMINATE_STRENGTH (CAIH and CAIE by
+ *                        key; by default 2/3 and 1/3 of the compressive
+ *                        strain)
+ * damage_model, damage_model_length
+ *                        the model: its name, CDTM-T03 to CDTM-T06, then its
+ *                        coefficients separated by blanks: for CDTM-T03 a0 a1
+ *                        b0 b1 c0 c1 scale [factor], for the others k2 k3 k0
+ *                        k1 scale [factor] (factor 0.83 when not given); 200
+ *                        characters, blank for none
+ * unit_factor            u, positive: multiplies the coefficients carrying the
+ *                        allowable's unit (a0 a1 b0 b1, k2 k0)
+ * energy                 impact energy, 0 or more, in the units of the model
+ * ncases, loads          load cases as in LAMINATE_STRENGTH (dT not counted)
+ * rf                     out, ncases x 3: per case the RF against CAIH, CAIE
+ *                        and the model; with no model the third value of each
+ *                        case keeps what the caller put there; 1.0e10 at zero
+ *                        strain
+ * message, message_length, ierr
+ *                        as in NOTCHED_LAMINATE_STRENGTH, and 5 CAIH or CAIE
+ *                        missing, 9 energy or unit_factor out of range, 11
+ *                        damage model not usable (unknown name, a coefficient
+ *                        missing or unreadable, a result not finite).
+ */
+CORVANE_STRENGTH_API void IMPACT_LAMINATE_STRENGTH(
+    const float* t, const float* e1, const float* e2, const float* g12, const float* nu12,
+    const float* tension_allowable, const float* compression_allowable,
+    const char* properties, int64_t properties_length, const char* layup,
+    int64_t layup_length, const char* damage_model, int64_t damage_model_length,
+    const float* unit_factor, const float* energy, const int32_t* ncases,
+    const float* loads, float* rf, char* message, int64_t message_length, int32_t* ierr);
 
 #ifdef __cplusplus
 }

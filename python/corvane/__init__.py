@@ -61,12 +61,17 @@ from .laminate import (
 from .material_data import Material, installed_materials, materials
 from .strength import (
     FAILURE_MODES,
+    HOLE_DIAMETER,
+    IMPACT_CHECKS,
     LOAD_NAMES,
+    NOTCH_CHECKS,
     PUCK_CARBON,
     PUCK_GLASS,
     TSAI_WU_F12_STAR,
     StrengthResult,
+    impact_strength,
     laminate_strength,
+    notched_strength,
 )
 
 __version__ = _version.version()
@@ -84,6 +89,9 @@ __all__ = [
     "LOAD_NAMES",
     "CorvaneError",
     "FAILURE_MODES",
+    "HOLE_DIAMETER",
+    "IMPACT_CHECKS",
+    "NOTCH_CHECKS",
     "PUCK_CARBON",
     "PUCK_GLASS",
     "TSAI_WU_F12_STAR",
@@ -100,6 +108,8 @@ __all__ = [
     "laminate_stiffness",
     "installed_materials",
     "laminate_strength",
+    "notched_strength",
+    "impact_strength",
     "library_path",
     "materials",
     "plate_buckling_loads",

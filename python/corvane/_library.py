@@ -46,6 +46,8 @@ MATERIAL_PLACES_LENGTH = 4000
 MATERIAL_PATH_LENGTH = 1000
 MATERIAL_NAMES_LENGTH = 10000
 MATERIAL_VALUES = 14
+PROPERTIES_LENGTH = 1000
+MODEL_LENGTH = 200
 
 _PACKAGE_DIR = pathlib.Path(__file__).resolve().parent
 
@@ -171,6 +173,12 @@ _PROTOTYPES = {
     + [_F] * 7
     + [_I, c_char_p, c_int64, _I],
 }
+# The keyed material of the notched and impact entry points: constants,
+# allowables, the property text; then layup and check or model texts.
+_KEYED = [_F] * 7 + [c_char_p, c_int64, c_char_p, c_int64, c_char_p, c_int64]
+_KEYED_END = [c_char_p, c_int64, _I]  # message, its length, the error code
+_PROTOTYPES["NOTCHED_LAMINATE_STRENGTH"] = _KEYED + [_F, _I, _F, _F, _F] + _KEYED_END
+_PROTOTYPES["IMPACT_LAMINATE_STRENGTH"] = _KEYED + [_F, _F, _I, _F, _F] + _KEYED_END
 # The entry points of the strength library; the others are of the first.
 _STRENGTH_ENTRY_POINTS = {
     "LAMINATE_STRENGTH",
@@ -180,6 +188,8 @@ _STRENGTH_ENTRY_POINTS = {
     "LAMINATE_SOLVER_DECK",
     "BI_MATERIAL_LAMINATE_SOLVER_DECK",
     "SECTION_CRIPPLING",
+    "NOTCHED_LAMINATE_STRENGTH",
+    "IMPACT_LAMINATE_STRENGTH",
 }
 
 

@@ -143,3 +143,141 @@ def laminate_strength(
         raise CorvaneError(entry, ierr.value, _convert.text_result(message))
     shape = cases.shape[:-1]
     return StrengthResult(rf.reshape(shape), *(w.reshape(shape) for w in where))
+
+
+# The notch checks, in the order of the results of check "ALL", and the
+# after-impact checks.
+NOTCH_CHECKS = ("OHT", "OHC", "FHT", "FHC", "BEARING")
+IMPACT_CHECKS = ("CAIH", "CAIE", "MODEL")
+HOLE_DIAMETER = 6.35
+
+
+def _properties(properties):
+    """The property text from a dict {key: value} or a text of KEY=value items."""
+    if properties is None:
+        return ""
+    if hasattr(properties, "items"):
+        return " ".join(f"{k}={float(v)!r}" for k, v in properties.items())
+    return str(properties)
+
+
+def _material(ply, properties):
+    """The keyed material's arguments: its constants, F1t and F1c (strengths
+    from 1 up, ultimate strains below), the property text."""
+    text = _convert.text_argument(
+        _properties(properties), _library.PROPERTIES_LENGTH, "the properties"
+    )
+    return (
+        *ply._arguments()[:5],
+        *_convert.reals(ply.F1t, ply.F1c),
+        text,
+        _library.PROPERTIES_LENGTH,
+    )
+
+
+def notched_strength(
+    ply,
+    layup,
+    loads,
+    check="ALL",
+    *,
+    hole_diameter=HOLE_DIAMETER,
+    fastener_loads=None,
+    properties=None,
+):
+    """Reserve factors of a laminate with a circular hole under load cases:
+    the strength library's NOTCHED_LAMINATE_STRENGTH.
+
+    ply: a Ply whose F1t, F1c are the unnotched strengths along the fibres.
+    layup: the stacking sequence. loads: load cases as for laminate_strength.
+    check: "OHT", "OHC", "FHT", "FHC", "BEARING" or "ALL" (then the last axis
+    of the result holds the five, in NOTCH_CHECKS order). hole_diameter: the
+    hole's diameter. fastener_loads: the fastener load of each case (for
+    BEARING; default 0). properties: material properties by key, a dict such
+    as {"OHT": 420, "OHC": 310, "FBR": 900} or a text "OHT=420 OHC=310"; OHT,
+    OHC and FHT are the notched strengths of the quasi-isotropic laminate at a
+    6.35 hole, from which the characteristic distances follow (or give A0OHT,
+    A0OHC, A0FHT), with KFHT, KFHC, FBR.
+
+    Returns a float32 array of reserve factors, of the shape of the load cases
+    less their last axis (plus an axis of 5 for "ALL"); 1.0e10 where a case
+    does not load a check. Raises CorvaneError when the library refuses: notch
+    data missing, a hole diameter not positive, a property refused, ...
+    """
+    cases = _load_cases(loads)
+    count = cases.size // len(LOAD_NAMES)
+    every = str(check).strip().upper() == "ALL"
+    per_case = len(NOTCH_CHECKS) if every else 1
+    fastener = np.zeros(count, dtype=np.float32)
+    if fastener_loads is not None:
+        given = np.asarray(fastener_loads, dtype=np.float32)
+        fastener = np.ascontiguousarray(
+            np.broadcast_to(given, cases.shape[:-1]).reshape(count), dtype=np.float32
+        )
+    rf = np.empty(count * per_case, dtype=np.float32)
+    message = create_string_buffer(_library.MESSAGE_LENGTH)
+    ierr = c_int32(0)
+    entry = "NOTCHED_LAMINATE_STRENGTH"
+    _library.entry_point(entry)(
+        *_material(ply, properties),
+        _convert.text_argument(layup, _library.LAYUP_LENGTH, "the layup"),
+        _library.LAYUP_LENGTH,
+        _convert.text_argument(check, _library.CRITERION_LENGTH, "the check"),
+        _library.CRITERION_LENGTH,
+        byref(c_float(hole_diameter)),
+        byref(c_int32(count)),
+        cases.ctypes.data_as(_POINTER_F),
+        fastener.ctypes.data_as(_POINTER_F),
+        rf.ctypes.data_as(_POINTER_F),
+        message,
+        _library.MESSAGE_LENGTH,
+        byref(ierr),
+    )
+    if ierr.value != 0:
+        raise CorvaneError(entry, ierr.value, _convert.text_result(message))
+    shape = cases.shape[:-1] + ((per_case,) if every else ())
+    return rf.reshape(shape)
+
+
+def impact_strength(
+    ply, layup, loads, energy=0.0, *, damage_model=None, unit_factor=1.0, properties=None
+):
+    """Reserve factors after impact under load cases: the strength library's
+    IMPACT_LAMINATE_STRENGTH. The largest principal membrane strain of each
+    case against CAIH, CAIE and, with a damage model, its allowable.
+
+    ply, layup, loads, properties: as for notched_strength (CAIH and CAIE by
+    key). energy: the impact energy. damage_model: a text, the model's name
+    and coefficients, "CDTM-T04 k2 k3 k0 k1 scale [factor]" (CDTM-T03: a0 a1
+    b0 b1 c0 c1 scale [factor]); evaluated with p1 the energy, p2 the
+    laminate's thickness, p3 its Ex, p4 the ply's quasi-isotropic modulus.
+    unit_factor: multiplies the coefficients that carry the allowable's unit.
+
+    Returns a float32 array of the shape of the load cases less their last
+    axis plus an axis of 2 (CAIH, CAIE) or 3 (and the model).
+    """
+    cases = _load_cases(loads)
+    count = cases.size // len(LOAD_NAMES)
+    rf = np.zeros(count * len(IMPACT_CHECKS), dtype=np.float32)
+    message = create_string_buffer(_library.MESSAGE_LENGTH)
+    ierr = c_int32(0)
+    entry = "IMPACT_LAMINATE_STRENGTH"
+    _library.entry_point(entry)(
+        *_material(ply, properties),
+        _convert.text_argument(layup, _library.LAYUP_LENGTH, "the layup"),
+        _library.LAYUP_LENGTH,
+        _convert.text_argument(damage_model or "", _library.MODEL_LENGTH, "the model"),
+        _library.MODEL_LENGTH,
+        byref(c_float(unit_factor)),
+        byref(c_float(energy)),
+        byref(c_int32(count)),
+        cases.ctypes.data_as(_POINTER_F),
+        rf.ctypes.data_as(_POINTER_F),
+        message,
+        _library.MESSAGE_LENGTH,
+        byref(ierr),
+    )
+    if ierr.value != 0:
+        raise CorvaneError(entry, ierr.value, _convert.text_result(message))
+    rf = rf.reshape(cases.shape[:-1] + (len(IMPACT_CHECKS),))
+    return rf if damage_model else rf[..., :2]

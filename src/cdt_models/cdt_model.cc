@@ -1,6 +1,8 @@
 #include "cdt_models/cdt_model.h"
 
+#include <algorithm>
 #include <cmath>
+#include <vector>
 
 #include "util/keywords.h"
 #include "util/number_reading.h"
@@ -128,6 +130,20 @@ int read_cdt_model(std::span<const std::string_view> tokens, float u,
     }
   }
   return 0;
+}
+
+int read_cdt_model_text(std::string_view text, float u, CDTMODEL& model) {
+  std::vector<std::string_view> tokens;
+  for (std::size_t at = 0;;) {
+    const std::size_t start = text.find_first_not_of(" \t", at);
+    if (start == std::string_view::npos) break;
+    const std::size_t end = std::min(text.find_first_of(" \t", start), text.size());
+    tokens.push_back(text.substr(start, end - start));
+    // The six tokens of a data line between the name and the coefficients.
+    if (tokens.size() == 1) tokens.insert(tokens.end(), kFirstCoefficient - 1, {});
+    at = end;
+  }
+  return read_cdt_model(tokens, u, true, 0.0f, model);
 }
 
 }  // namespace corvane

@@ -45,4 +45,11 @@ inline constexpr int kCdtMissingToken = 5020;
 int read_cdt_model(std::span<const std::string_view> tokens, float u,
                    bool allow_factor_override, float d5, CDTMODEL& model);
 
+// Reads a model from a text of its own: the name, then its coefficients
+// separated by blanks or tabs (those of a line of material data from its
+// eighth token on: a0 a1 b0 b1 c0 c1 scale [factor] for form 3, k2 k3 k0 k1
+// scale [factor] for the others; `factor` may be given). Returns as
+// read_cdt_model; a blank text gives kCdtMissingToken.
+int read_cdt_model_text(std::string_view text, float u, CDTMODEL& model);
+
 }  // namespace corvane

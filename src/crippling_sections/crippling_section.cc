@@ -37,7 +37,8 @@ CripplingError error_of(StrengthError error) {
       return CripplingError::strength_missing;
     case StrengthError::bad_option:
       return CripplingError::bad_option;
-    case StrengthError::non_finite_load:  // the load here is Nx = -1
+    case StrengthError::non_finite_load:        // the load here is Nx = -1
+    case StrengthError::damage_model_unusable:  // no damage model is used
     case StrengthError::wrong_size:
       break;
   }

@@ -1,5 +1,7 @@
 // LAMINATE_STRENGTH and BI_MATERIAL_LAMINATE_STRENGTH: first-ply failure of a
-// laminate of one or two ply materials under many load cases. Adapters: they read
+// laminate of one or two ply materials under many load cases;
+// NOTCHED_LAMINATE_STRENGTH and IMPACT_LAMINATE_STRENGTH: its strength at a
+// hole and after impact. Adapters: they read
 // the host's variables and texts, build the laminate and its strength plan with
 // the core once, evaluate every load case straight into the host's arrays and word
 // a refusal as a message. SECTION_CRIPPLING: the crippling and column allowable of
@@ -7,9 +9,11 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -22,7 +26,11 @@
 #include "laminas/criterion_code.h"
 #include "laminas/lamina.h"
 #include "laminates/stacking_sequence.h"
+#include "laminates_stressed/impact_strength.h"
 #include "laminates_stressed/laminate_stressed.h"
+#include "laminates_stressed/notched_strength.h"
+#include "util/keywords.h"
+#include "util/number_reading.h"
 
 namespace corvane {
 namespace {
@@ -39,6 +47,8 @@ enum Code : std::int32_t {
   kNegativeCount = 7,
   kOutOfMemory = 8,
   kBadOption = 9,
+  kPropertyRefused = 10,
+  kModelUnusable = 11,
 };
 
 struct Outcome {
@@ -102,6 +112,8 @@ std::int32_t code_of(StrengthError error) {
       return kNonFiniteLoad;
     case StrengthError::bad_option:
       return kBadOption;
+    case StrengthError::damage_model_unusable:
+      return kModelUnusable;
     case StrengthError::wrong_size:  // the arrays are sized here
       break;
   }
@@ -288,6 +300,135 @@ void run(std::span<const Material> m, const char* layup, const char* criterion,
   }
 }
 
+// The material of the notched and impact entry points: the constants, the
+// unnotched allowables and the property text.
+struct KeyedMaterial {
+  float t, e1, e2, g12, nu12, tension, compression;
+  std::string_view properties;
+};
+
+// Builds the material and applies its properties in order; the notched
+// strengths are refused when no characteristic distance follows from them.
+Outcome keyed_material(const KeyedMaterial& k, LAMINA& m) {
+  m = new_lamina(k.t, k.e1, k.e2, k.g12, k.nu12, k.tension, k.compression);
+  if (m.status != 0) {
+    return {kInvalidMaterial,
+            "Error! Invalid ply material: " +
+                lamina_fault(k.t, k.e1, k.e2, k.g12, k.nu12, k.tension, k.compression) +
+                "."};
+  }
+  if (std::string fault = set_properties(m, k.properties); !fault.empty()) {
+    fault[0] = 'P';
+    return {kPropertyRefused, "Error! " + fault + "."};
+  }
+  return {};
+}
+
+// The common start of the notched and impact calls: material, layup, count.
+Outcome keyed_laminate(const KeyedMaterial& k, std::string_view layup,
+                       std::int32_t ncases, std::optional<LAMINATESTRESSED>& laminate) {
+  if (ncases < 0) {
+    return {kNegativeCount,
+            "Error! Number of load cases " + std::to_string(ncases) + " is negative."};
+  }
+  LAMINA material;
+  if (Outcome outcome = keyed_material(k, material); outcome.code != kOk) return outcome;
+  std::vector<float> angles;
+  StackingRefusal refusal;
+  if (parse_stacking_sequence(layup, angles, nullptr, &refusal) != kStackingOk) {
+    const std::string where =
+        refusal.position == 0 ? "" : " at character " + std::to_string(refusal.position);
+    return {kUnusableLaminate,
+            "Error! Layup refused" + where + ": " + refusal.reason + "."};
+  }
+  laminate.emplace(material, angles);
+  return {};
+}
+
+std::string_view trimmed_keyword(std::string_view text) {
+  const auto first = text.find_first_not_of(' ');
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+Outcome notched_strength(const KeyedMaterial& k, std::string_view layup,
+                         std::string_view check, float hole_diameter, std::int32_t ncases,
+                         const float* loads, const float* fastener_loads, float* rf) {
+  std::optional<LAMINATESTRESSED> laminate;
+  if (Outcome outcome = keyed_laminate(k, layup, ncases, laminate); outcome.code != kOk) {
+    return outcome;
+  }
+  std::vector<NotchCheck> checks;
+  if (normalize_keyword(check) == "ALL") {
+    for (std::int32_t c = 1; c <= static_cast<std::int32_t>(kNotchChecks); ++c) {
+      checks.push_back(static_cast<NotchCheck>(c));
+    }
+  } else if (const auto one = notch_check(check)) {
+    checks.push_back(*one);
+  } else {
+    return {kUnknownCriterion, "Error! Unknown notch check \"" +
+                                   std::string(trimmed_keyword(check)) +
+                                   "\": OHT, OHC, FHT, FHC, BEARING or ALL."};
+  }
+  const NotchedPlan plan(*laminate, checks, hole_diameter);
+  const auto n = static_cast<std::size_t>(ncases);
+  const StrengthStatus status = plan.evaluate(
+      {loads, n * kLoadCaseValues}, {fastener_loads, n}, {rf, n * checks.size()});
+  return {code_of(status.error), status.message()};
+}
+
+Outcome impact_strength(const KeyedMaterial& k, std::string_view layup,
+                        std::string_view model_text, float u, float energy,
+                        std::int32_t ncases, const float* loads, float* rf) {
+  std::optional<LAMINATESTRESSED> laminate;
+  if (Outcome outcome = keyed_laminate(k, layup, ncases, laminate); outcome.code != kOk) {
+    return outcome;
+  }
+  if (!(u > 0.0f) || !std::isfinite(u)) {
+    return {kBadOption, "Error! Option unit factor out of range."};
+  }
+  const bool with_model = !trimmed_keyword(model_text).empty();
+  if (with_model) {
+    CDTMODEL& model = laminate->materials[0].cdt_model;
+    if (read_cdt_model_text(model_text, u, model) != 0 || model.status != 0) {
+      return {kModelUnusable, "Error! Damage model \"" +
+                                  std::string(trimmed_keyword(model_text)) +
+                                  "\" not usable: CDTM-T03 to CDTM-T06 with all their "
+                                  "coefficients."};
+    }
+  }
+  const ImpactPlan plan(*laminate, energy, with_model);
+  const auto n = static_cast<std::size_t>(ncases);
+  if (with_model || !plan.status().ok()) {
+    const StrengthStatus status =
+        plan.evaluate({loads, n * kLoadCaseValues}, {rf, n * kImpactChecks});
+    return {code_of(status.error), status.message()};
+  }
+  // No model: the third value of each case is left as the caller had it.
+  std::vector<float> two(n * 2);
+  const StrengthStatus status = plan.evaluate({loads, n * kLoadCaseValues}, two);
+  if (status.ok()) {
+    for (std::size_t i = 0; i < n; ++i) {
+      rf[i * kImpactChecks] = two[i * 2];
+      rf[i * kImpactChecks + 1] = two[i * 2 + 1];
+    }
+  }
+  return {code_of(status.error), status.message()};
+}
+
+// Writes an outcome; no exception leaves here.
+template <typename Call>
+void run_keyed(Call call, char* message, std::int32_t* ierr) {
+  try {
+    const Outcome outcome = call();
+    write_text(outcome.message, message, CORVANE_STRENGTH_MESSAGE_LENGTH);
+    *ierr = outcome.code;
+  } catch (...) {
+    write_text("Error! Out of memory.", message, CORVANE_STRENGTH_MESSAGE_LENGTH);
+    *ierr = kOutOfMemory;
+  }
+}
+
 }  // namespace
 }  // namespace corvane
 
@@ -373,6 +514,68 @@ CORVANE_STRENGTH_API void SECTION_CRIPPLING(
     write_text("Error! Out of memory.", message, CORVANE_STRENGTH_MESSAGE_LENGTH);
     *ierr = kOutOfMemory;
   }
+}
+
+CORVANE_STRENGTH_API void NOTCHED_LAMINATE_STRENGTH(
+    const float* t, const float* e1, const float* e2, const float* g12, const float* nu12,
+    const float* tension_allowable, const float* compression_allowable,
+    const char* properties, int64_t /*properties_length*/, const char* layup,
+    int64_t /*layup_length*/, const char* check, int64_t /*check_length*/,
+    const float* hole_diameter, const int32_t* ncases, const float* loads,
+    const float* fastener_loads, float* rf, char* message, int64_t /*message_length*/,
+    int32_t* ierr) {
+  using namespace corvane;
+  if (null_argument(ierr, t, e1, e2, g12, nu12, tension_allowable, compression_allowable,
+                    properties, layup, check, hole_diameter, ncases, loads,
+                    fastener_loads, rf, message)) {
+    return;
+  }
+  const KeyedMaterial m = {*t,
+                           *e1,
+                           *e2,
+                           *g12,
+                           *nu12,
+                           *tension_allowable,
+                           *compression_allowable,
+                           host_text(properties, CORVANE_STRENGTH_PROPERTIES_LENGTH)};
+  run_keyed(
+      [&] {
+        return notched_strength(m, host_text(layup, CORVANE_STRENGTH_LAYUP_LENGTH),
+                                host_text(check, CORVANE_STRENGTH_CRITERION_LENGTH),
+                                *hole_diameter, *ncases, loads, fastener_loads, rf);
+      },
+      message, ierr);
+}
+
+CORVANE_STRENGTH_API void IMPACT_LAMINATE_STRENGTH(
+    const float* t, const float* e1, const float* e2, const float* g12, const float* nu12,
+    const float* tension_allowable, const float* compression_allowable,
+    const char* properties, int64_t /*properties_length*/, const char* layup,
+    int64_t /*layup_length*/, const char* damage_model, int64_t /*damage_model_length*/,
+    const float* unit_factor, const float* energy, const int32_t* ncases,
+    const float* loads, float* rf, char* message, int64_t /*message_length*/,
+    int32_t* ierr) {
+  using namespace corvane;
+  if (null_argument(ierr, t, e1, e2, g12, nu12, tension_allowable, compression_allowable,
+                    properties, layup, damage_model, unit_factor, energy, ncases, loads,
+                    rf, message)) {
+    return;
+  }
+  const KeyedMaterial m = {*t,
+                           *e1,
+                           *e2,
+                           *g12,
+                           *nu12,
+                           *tension_allowable,
+                           *compression_allowable,
+                           host_text(properties, CORVANE_STRENGTH_PROPERTIES_LENGTH)};
+  run_keyed(
+      [&] {
+        return impact_strength(m, host_text(layup, CORVANE_STRENGTH_LAYUP_LENGTH),
+                               host_text(damage_model, CORVANE_STRENGTH_MODEL_LENGTH),
+                               *unit_factor, *energy, *ncases, loads, rf);
+      },
+      message, ierr);
 }
 
 }  // extern "C"

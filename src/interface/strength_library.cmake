@@ -54,6 +54,7 @@ if(CORVANE_BUILD_TESTS AND NOT WIN32)
   # The entry point as a host meets it, loaded by path and looked up by name.
   corvane_add_test(strength_interface_test strength_entry_points_test.cc
                    material_entry_points_test.cc solver_deck_entry_points_test.cc
+                   notched_entry_points_test.cc
                    LIBS laminates_stressed cards crippling_sections)
   target_link_libraries(strength_interface_test PRIVATE ${CMAKE_DL_LIBS})
   target_compile_definitions(strength_interface_test PRIVATE
@@ -63,7 +64,7 @@ if(CORVANE_BUILD_TESTS AND NOT WIN32)
 
   add_test(NAME strength_interface_exported_symbols
            COMMAND ${CMAKE_COMMAND} -DLIBRARY=$<TARGET_FILE:corvane_strength>
-                   -DEXPORTS=${CMAKE_CURRENT_SOURCE_DIR}/strength_exports.txt -DCOUNT=7
+                   -DEXPORTS=${CMAKE_CURRENT_SOURCE_DIR}/strength_exports.txt -DCOUNT=9
                    -P ${CMAKE_CURRENT_SOURCE_DIR}/exported_symbols_test.cmake)
   set_tests_properties(strength_interface_exported_symbols PROPERTIES
                        SKIP_REGULAR_EXPRESSION "nm not found: skipped")

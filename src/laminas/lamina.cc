@@ -4,8 +4,10 @@
 #include <charconv>
 #include <cmath>
 
+#include "laminas/notch.h"
 #include "util/fixed_width.h"
 #include "util/keywords.h"
+#include "util/number_reading.h"
 
 namespace corvane {
 namespace {
@@ -227,17 +229,32 @@ void LAMINA::set_strengths(float f1t, float f1c, float f12, float f2t, float f2c
   }
 }
 
-// How a notched strength and its hole diameter turn into a characteristic
-// length or notch factor is not settled; until it is, the strength is kept as
-// given and the notch data stay as they are.
-void LAMINA::set_oht(float strength, [[maybe_unused]] float hole_diameter) {
+namespace {
+
+// The characteristic distance of a notched strength against the unnotched
+// strain, both of the quasi-isotropic laminate; 1 when there is none.
+int characteristic_distance(const LAMINA& m, float strength, float unnotched,
+                            float hole_diameter, float& a0) {
+  if (!(unnotched > 0.0f) || !(m.Eiso > 0.0f)) return 1;
+  const float d0 = point_stress_distance((strength / m.Eiso) / unnotched, hole_diameter);
+  if (!(d0 >= 0.0f)) return 1;
+  a0 = d0;
+  return 0;
+}
+
+}  // namespace
+
+int LAMINA::set_oht(float strength, float hole_diameter) {
   OHT = strength;
+  return characteristic_distance(*this, strength, e1tu, hole_diameter, a0oht);
 }
-void LAMINA::set_ohc(float strength, [[maybe_unused]] float hole_diameter) {
+int LAMINA::set_ohc(float strength, float hole_diameter) {
   OHC = strength;
+  return characteristic_distance(*this, strength, uecall, hole_diameter, a0ohc);
 }
-void LAMINA::set_fht(float strength, [[maybe_unused]] float hole_diameter) {
+int LAMINA::set_fht(float strength, float hole_diameter) {
   FHT = strength;
+  return characteristic_distance(*this, strength, e1tu, hole_diameter, a0fht);
 }
 
 void LAMINA::set_fhc(float strength) {
@@ -335,10 +352,47 @@ void LAMINA::set_by_key(std::span<const std::pair<std::string_view, float>> pair
   }
 }
 
-bool is_property_key(std::string_view key) {
-  const std::string normalized = normalize_keyword(key);
-  return std::any_of(std::begin(kPropertyKeys), std::end(kPropertyKeys),
-                     [&](const PropertyKey& p) { return p.key == normalized; });
+bool LAMINA::is_property_key(std::string_view text) {
+  const std::string key = normalize_keyword(text);
+  for (const PropertyKey& property : kPropertyKeys) {
+    if (key == property.key) return true;
+  }
+  return false;
+}
+
+std::string set_properties(LAMINA& m, std::string_view rest) {
+  constexpr std::string_view kSeparators = " ,;\t";
+  while (true) {
+    const std::size_t start = rest.find_first_not_of(kSeparators);
+    if (start == std::string_view::npos) return {};
+    rest.remove_prefix(start);
+    const std::size_t end = std::min(rest.find_first_of(kSeparators), rest.size());
+    const std::string_view item = rest.substr(0, end);
+    rest.remove_prefix(end);
+    const std::size_t equals = item.find('=');
+    const std::string key =
+        normalize_keyword(item.substr(0, std::min(equals, item.size())));
+    float v = 0.0f;
+    if (equals == std::string_view::npos || !LAMINA::is_property_key(key) ||
+        read_real(item.substr(equals + 1), v) != kReadOk) {
+      return "property \"" + std::string(item) +
+             "\" refused: KEY=value with a known key and a real value";
+    }
+    int (LAMINA::*notched)(float, float) = key == "OHT"   ? &LAMINA::set_oht
+                                           : key == "OHC" ? &LAMINA::set_ohc
+                                           : key == "FHT" ? &LAMINA::set_fht
+                                                          : nullptr;
+    if (notched != nullptr && v > 0.0f) {
+      if ((m.*notched)(v, kKeyedHoleDiameter) != 0) {
+        return "property " + std::string(item) +
+               " refused: no characteristic distance gives it (its strain over the "
+               "unnotched one must lie between 1/3 and 1)";
+      }
+      continue;
+    }
+    const std::pair<std::string_view, float> pair[] = {{key, v}};
+    m.set_by_key(pair);
+  }
 }
 
 std::string LAMINA::print_short() const {

@@ -45,7 +45,7 @@ struct LAMINA {
   float Kfht = 0.7f, Kfhc = 0.6f;
   float Fbr = 0.0f;
   // Open-hole tension and compression and filled-hole tension strengths as
-  // given; see set_oht.
+  // last given to set_oht, set_ohc, set_fht.
   float OHT = 0.0f, OHC = 0.0f, FHT = 0.0f;
   std::int32_t selector = 2;
   CDTMODEL cdt_model;
@@ -84,22 +84,29 @@ struct LAMINA {
 
   // Stores the five strengths; a negative one makes the material invalid.
   void set_strengths(float f1t, float f1c, float f12, float f2t, float f2c);
-  // Notched strengths at a hole diameter: the notch data they lead to are not
-  // derived yet, so these store the strength only.
-  void set_oht(float strength, float hole_diameter);
-  void set_ohc(float strength, float hole_diameter);
-  void set_fht(float strength, float hole_diameter);
-  // Filled-hole compression: sets Kfhc from the strength.
+  // Notched strengths of the quasi-isotropic laminate of this ply, measured
+  // with a hole of the diameter given: each stores the strength and sets the
+  // point-stress characteristic distance (a0oht, a0ohc, a0fht; see
+  // laminas/notch.h) at which a hole of that diameter in that laminate
+  // (K_T = 3) keeps the ratio of the notched strain, strength/Eiso, to the
+  // unnotched one: e1tu in tension, uecall in compression. Return 0, or 1
+  // when no distance gives the ratio (it is not between 1/3 and 1), the
+  // unnotched strain or Eiso is missing or the diameter is not positive; the
+  // characteristic distance is then left as it was.
+  int set_oht(float strength, float hole_diameter);
+  int set_ohc(float strength, float hole_diameter);
+  int set_fht(float strength, float hole_diameter);
+  // Filled-hole compression: sets Kfhc from the strength, so that
+  // uecall/(3.1401 Kfhc) is the filled-hole strain, strength/Eiso.
   void set_fhc(float strength);
 
   // Sets properties from (key, value) pairs. Keys are compared in upper case
   // with trailing blanks ignored; a key that matches nothing is ignored. The
   // notched strengths are taken at a hole diameter of 6.35.
   void set_by_key(std::span<const std::pair<std::string_view, float>> pairs);
+  // Whether set_by_key knows the key (compared as set_by_key compares it).
+  static bool is_property_key(std::string_view key);
 };
-
-// Whether set_by_key knows the key (compared as set_by_key compares it).
-bool is_property_key(std::string_view key);
 
 // Builds a ply material. An allowable below 1.0 is a strain, otherwise a
 // stress. The result has status -1 when CPT < 1.0e-5 or any input is negative.
@@ -108,6 +115,14 @@ LAMINA new_lamina(float CPT, float E1, float E2, float G12, float v12,
                   float tension_allowable, float compression_allowable,
                   std::optional<std::string_view> name = {},
                   std::optional<bool> is_fabric = {});
+
+// Applies properties written as text: "KEY=value" items separated by blanks,
+// commas, semicolons or tabs, in order, by set_by_key's rules, except that
+// OHT, OHC and FHT (at the keyed hole diameter) are refused when no
+// characteristic distance follows from them. Returns an empty text, or why
+// the first refused item was refused (an unknown key, a value that is no
+// real, such a notched strength); the items before it stay applied.
+std::string set_properties(LAMINA& m, std::string_view text);
 
 // Why new_lamina would refuse these inputs, naming the first refused one and
 // its value (as "E2 = -10000 is negative"), or an empty text when it would

@@ -5,7 +5,7 @@
 namespace corvane {
 
 std::string StrengthStatus::message() const {
-  const std::string keyword(criterion_keyword(criterion));
+  const std::string keyword(check.empty() ? criterion_keyword(criterion) : check);
   const std::string what(name);
   switch (error) {
     case StrengthError::none:
@@ -25,6 +25,9 @@ std::string StrengthStatus::message() const {
       return "Error! Option " + what + " out of range.";
     case StrengthError::wrong_size:
       return "Error! Array " + what + " of the wrong size.";
+    case StrengthError::damage_model_unusable:
+      return "Error! Damage model of material " + std::to_string(material) +
+             " not usable: " + what + ".";
   }
   return "Error! Strength analysis refused.";
 }

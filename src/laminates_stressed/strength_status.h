@@ -19,6 +19,7 @@ enum class StrengthError : std::int32_t {
   non_finite_load = 5,          // a load or temperature change is NaN or infinite
   bad_option = 6,               // an option of a criterion out of its range
   wrong_size = 7,               // a result array not of the size the call needs
+  damage_model_unusable = 8,    // a material's damage-tolerance model is absent or unread
 };
 
 struct StrengthStatus {
@@ -27,6 +28,9 @@ struct StrengthStatus {
   std::string_view name;       // the missing strength, the option or the array
   std::int32_t material = 0;   // 1-based, for a missing strength
   std::int64_t load_case = 0;  // 1-based, for a non-finite load
+  // The check that needs a missing value when it is no criterion code (as
+  // "OHT" or "CAI"); it then stands for the criterion in the message.
+  std::string_view check;
 
   bool ok() const { return error == StrengthError::none; }
   // One "Error! ..." line without its newline; empty when ok.

@@ -119,7 +119,7 @@ class Reader {
       b.unit_factor = *v;
     } else if (const auto c = construction_index(key)) {
       b.construction[*c] = *v;
-    } else if (is_property_key(key)) {
+    } else if (LAMINA::is_property_key(key)) {
       b.keyed.emplace_back(key, *v);
     } else {
       fault(number, "unknown key \"" + std::string(tokens[0]) + "\"");
