@@ -2,40 +2,44 @@
 
 import ctypes
 import numbers
+import typing
 from ctypes import byref, c_float
 
 import numpy as np
+import numpy.typing as npt
+
+from .errors import CorvaneError
 
 
-def real(value):
+def real(value: object) -> c_float:
     """A 32-bit float argument, rounded from a real number (numpy's included;
     texts are refused rather than parsed)."""
-    if not isinstance(value, numbers.Real):
-        raise TypeError(f"a real number is needed, not {type(value).__name__}")
-    return c_float(float(value))
+    if type(value) is float or isinstance(value, numbers.Real):
+        return c_float(value)  # type: ignore[arg-type]
+    raise TypeError(f"a real number is needed, not {type(value).__name__}")
 
 
-def reals(*values):
+def reals(*values: object) -> typing.List[typing.Any]:
     """byref pointers to 32-bit float copies of the values."""
     return [byref(real(v)) for v in values]
 
 
-def matrix_argument(value, name):
+def matrix_argument(value: npt.ArrayLike, name: str) -> "ctypes.Array[c_float]":
     """Nine floats in column order from a 3x3 array-like."""
     array = np.asarray(value, dtype=np.float32)
     if array.shape != (3, 3):
         raise ValueError(f"{name} must be a 3x3 matrix, not of shape {array.shape}")
-    return (c_float * 9)(*(float(x) for x in array.ravel(order="F")))
+    return (c_float * 9).from_buffer_copy(array.tobytes(order="F"))
 
 
-def matrix_result(buffer):
+def matrix_result(buffer: "ctypes.Array[c_float]") -> np.ndarray:
     """A read-only 3x3 float32 array from nine floats in column order."""
     array = np.frombuffer(bytes(buffer), dtype=np.float32).reshape((3, 3), order="F")
     array.flags.writeable = False
     return array
 
 
-def text_argument(text, length, name):
+def text_argument(text: typing.Union[str, bytes], length: int, name: str) -> "ctypes.Array[ctypes.c_char]":
     """A blank-padded buffer of exactly `length` bytes (no terminating zero)."""
     try:
         data = text.encode("ascii") if isinstance(text, str) else bytes(text)
@@ -47,6 +51,83 @@ def text_argument(text, length, name):
     return ctypes.create_string_buffer(data, length)
 
 
-def text_result(buffer):
+def text_result(buffer: "ctypes.Array[ctypes.c_char]") -> str:
     """The text of a blank-padded buffer without its trailing blanks."""
-    return buffer.raw.decode("latin-1").rstrip(" ")
+    return buffer.raw.rstrip(b" ").decode("latin-1")
+
+
+def is_scalar(values: typing.Sequence[typing.Any], matrices: typing.Sequence[typing.Any] = ()) -> bool:
+    """Whether every value is a single number and every matrix a single 3x3
+    one: the call then goes to the one-element entry point."""
+    return all(np.ndim(v) == 0 for v in values) and all(np.ndim(m) == 2 for m in matrices)
+
+
+def _numbers(value: object, name: str) -> np.ndarray:
+    array = np.asarray(value)
+    if array.dtype.kind not in "biuf":
+        raise TypeError(f"{name} must be real numbers, not of {array.dtype}")
+    return array.astype(np.float32, copy=False)
+
+
+class Batch(typing.NamedTuple):
+    """Arguments broadcast to one shape, as contiguous float32 arrays: the
+    values one float per element, the matrices nine in column order."""
+
+    shape: typing.Tuple[int, ...]
+    size: int
+    values: typing.List[np.ndarray]
+    matrices: typing.List[np.ndarray]
+
+
+def batch(
+    values: typing.Sequence[object],
+    names: typing.Sequence[str],
+    matrices: typing.Sequence[object] = (),
+    matrix_names: typing.Sequence[str] = (),
+) -> Batch:
+    """The arguments of a many-element call, broadcast by numpy's rules: a
+    matrix is an array of shape (..., 3, 3) whose leading axes broadcast with
+    the values'."""
+    arrays = [_numbers(v, n) for v, n in zip(values, names)]
+    stacks = [_numbers(m, n) for m, n in zip(matrices, matrix_names)]
+    for stack, name in zip(stacks, matrix_names):
+        if stack.shape[-2:] != (3, 3):
+            raise ValueError(
+                f"{name} must be a 3x3 matrix or an array of them, not of shape {stack.shape}"
+            )
+    shape = np.broadcast_shapes(*(a.shape for a in arrays), *(s.shape[:-2] for s in stacks))
+    count = int(np.prod(shape, dtype=np.int64))
+    if count > np.iinfo(np.int32).max:
+        raise ValueError(f"{count} elements are more than one call takes")
+    flat = [np.ascontiguousarray(np.broadcast_to(a, shape)).reshape(-1) for a in arrays]
+    # Column order within each matrix, as the library reads it.
+    columns = [
+        np.ascontiguousarray(np.swapaxes(np.broadcast_to(s, shape + (3, 3)), -1, -2)).reshape(-1)
+        for s in stacks
+    ]
+    return Batch(shape, count, flat, columns)
+
+
+def address(array: np.ndarray) -> int:
+    """The address of an array's data, for a pointer argument."""
+    return int(array.ctypes.data)
+
+
+def check_codes(
+    entry: str,
+    codes: np.ndarray,
+    shape: typing.Tuple[int, ...],
+    meanings: typing.Mapping[int, str],
+    result: object,
+) -> None:
+    """Raises CorvaneError when any element's code is not 0, with every
+    element's result and code attached: nothing computed is lost."""
+    failed = np.flatnonzero(codes)
+    if failed.size == 0:
+        return
+    first = int(failed[0])
+    code = int(codes[first])
+    where = tuple(int(i) for i in np.unravel_index(first, shape)) if shape else ()
+    meaning = meanings.get(code, "undocumented error code")
+    message = f"{meaning}, in {failed.size} of {codes.size} elements, the first at index {where}"
+    raise CorvaneError(entry, code, message, result, codes.reshape(shape))

@@ -3,14 +3,16 @@ the library's LAMINATE_STIFFNESS, BI_MATERIAL_LAMINATE_STIFFNESS and
 LAMINATE_STRAINS_IN_PLANE entry points."""
 
 import dataclasses
+import functools
 import typing
 from ctypes import byref, c_float, c_int32, create_string_buffer
 
 import numpy as np
+import numpy.typing as npt
 
 from . import _convert, _library
 from .errors import CorvaneError
-from .strength import laminate_strength
+from .strength import StrengthResult, laminate_strength
 
 
 @dataclasses.dataclass(frozen=True)
@@ -38,7 +40,7 @@ class Ply:
     uetall: float = 0.0
     uecall: float = 0.0
 
-    def _arguments(self):
+    def _arguments(self) -> typing.List[typing.Any]:
         return _convert.reals(
             self.t, self.E1, self.E2, self.G12, self.nu12, self.CTE1, self.CTE2
         )
@@ -53,15 +55,20 @@ _STIFFNESS_ERRORS = {
 }
 
 
+# A result: a float for a call on single numbers, an array for arrays.
+FloatOrArray = typing.Union[float, np.ndarray]
+
+
 class InPlaneStrains(typing.NamedTuple):
     """Membrane strains: eps_x, eps_y, the engineering shear strain gamma_xy,
-    and the direct strains along +45 and -45 degrees."""
+    and the direct strains along +45 and -45 degrees (floats, or float32
+    arrays)."""
 
-    eps_x: float
-    eps_y: float
-    gamma_xy: float
-    eps_p45: float
-    eps_m45: float
+    eps_x: FloatOrArray
+    eps_y: FloatOrArray
+    gamma_xy: FloatOrArray
+    eps_p45: FloatOrArray
+    eps_m45: FloatOrArray
 
 
 @dataclasses.dataclass(frozen=True, eq=False)
@@ -97,24 +104,38 @@ class LaminateStiffness:
     alphaxy: float
     plies: int
     symmetric: bool
-    cards: str
-    materials: tuple = dataclasses.field(default=(), repr=False)
-    layup: str = dataclasses.field(default="", repr=False)
+    # The library's card buffer, blanks and all: decoded when `cards` is read.
+    card_buffer: typing.Any = dataclasses.field(repr=False)
+    materials: typing.Tuple[Ply, ...] = dataclasses.field(default=(), repr=False)
+    layup: typing.Union[str, bytes] = dataclasses.field(default="", repr=False)
 
-    def strains(self, Nx=0.0, Ny=0.0, Nxy=0.0):
+    @functools.cached_property
+    def cards(self) -> str:
+        """The bulk data cards, decoded on first use."""
+        if isinstance(self.card_buffer, str):
+            return self.card_buffer
+        return _convert.text_result(self.card_buffer)
+
+    def strains(
+        self, Nx: npt.ArrayLike = 0.0, Ny: npt.ArrayLike = 0.0, Nxy: npt.ArrayLike = 0.0
+    ) -> InPlaneStrains:
         """Membrane strains under running loads: strains_in_plane with this
         laminate's h, Ex, Ey, Gxy and nuxy."""
         return strains_in_plane(
             self.h, self.Ex, self.Ey, self.Gxy, self.nuxy, Nx, Ny, Nxy
         )
 
-    def strength(self, loads, criterion="TSAI_WU", **options):
+    def strength(
+        self, loads: typing.Any, criterion: str = "TSAI_WU", **options: typing.Any
+    ) -> StrengthResult:
         """First-ply failure under load cases: laminate_strength with this
         laminate's ply materials and layup (options: f12_star, puck)."""
         return laminate_strength(self.materials, self.layup, loads, criterion, **options)
 
 
-def _call_stiffness(entry, ply_materials, layup):
+def _call_stiffness(
+    entry: str, ply_materials: typing.Sequence[Ply], layup: typing.Union[str, bytes]
+) -> "LaminateStiffness":
     materials = [a for p in ply_materials for a in p._arguments()]
     layup_buffer = _convert.text_argument(layup, _library.LAYUP_LENGTH, "the layup")
     symmetric, plies, ierr = c_int32(0), c_int32(0), c_int32(0)
@@ -158,13 +179,13 @@ def _call_stiffness(entry, ply_materials, layup):
         alphaxy=alphaxy,
         plies=plies.value,
         symmetric=symmetric.value != 0,
-        cards=_convert.text_result(cards),
+        card_buffer=cards,
         materials=tuple(ply_materials),
         layup=layup,
     )
 
 
-def laminate_stiffness(ply, layup):
+def laminate_stiffness(ply: Ply, layup: typing.Union[str, bytes]) -> LaminateStiffness:
     """The stiffness of a laminate of one ply material.
 
     ply: a Ply. layup: the stacking sequence, for instance "(0/45/-45/90)S"
@@ -178,7 +199,9 @@ def laminate_stiffness(ply, layup):
     return _call_stiffness("LAMINATE_STIFFNESS", [ply], layup)
 
 
-def bi_material_laminate_stiffness(ply1, ply2, layup):
+def bi_material_laminate_stiffness(
+    ply1: Ply, ply2: Ply, layup: typing.Union[str, bytes]
+) -> LaminateStiffness:
     """The stiffness of a laminate of two ply materials.
 
     A ply written with a trailing point in the layup, for instance "45.", is of
@@ -192,39 +215,74 @@ def bi_material_laminate_stiffness(ply1, ply2, layup):
     return _call_stiffness("BI_MATERIAL_LAMINATE_STIFFNESS", [ply1, ply2], layup)
 
 
-def strains_in_plane(t, Ex, Ey, Gxy, nuxy, Nx, Ny, Nxy):
+_STRAIN_ERRORS = {1: "Ex, Ey or Gxy below 1e-6"}
+
+
+def strains_in_plane(
+    t: npt.ArrayLike,
+    Ex: npt.ArrayLike,
+    Ey: npt.ArrayLike,
+    Gxy: npt.ArrayLike,
+    nuxy: npt.ArrayLike,
+    Nx: npt.ArrayLike,
+    Ny: npt.ArrayLike,
+    Nxy: npt.ArrayLike,
+) -> InPlaneStrains:
     """Membrane strains of a laminate of thickness t with apparent constants
     Ex, Ey, Gxy, nuxy under running loads Nx, Ny, Nxy (force per width).
 
     eps_x = (Nx - nuxy Ny)/(Ex t), eps_y = (Ny - (Ey/Ex) nuxy Nx)/(Ey t),
     gamma_xy = Nxy/(Gxy t), eps_p45 and eps_m45 = (eps_x + eps_y +- gamma_xy)/2.
-    t is not checked: t = 0 gives infinite or undefined strains.
+    t is not checked: t = 0 gives infinite or undefined strains. Any argument
+    may be an array (many laminates, many load cases): they broadcast, the
+    strain library's STRAINS_IN_PLANE_MANY loops over them, and the strains
+    are float32 arrays.
 
     Raises CorvaneError with code 1 when Ex, Ey or Gxy is below 1e-6; its
     result then holds the library's 1.0e20 in eps_x, eps_y, eps_p45 and
-    eps_m45, and NaN in gamma_xy, which the library leaves unwritten.
+    eps_m45, and NaN in gamma_xy, which the library leaves unwritten (over
+    arrays, in the elements refused, with every element's code in `codes`).
     Returns InPlaneStrains.
     """
+    arguments = (t, Ex, Ey, Gxy, nuxy, Nx, Ny, Nxy)
+    if not _convert.is_scalar(arguments):
+        return _strains_many(arguments)
     # gamma_xy starts as NaN: the library leaves it unwritten on error.
     outputs = [c_float(0.0) for _ in range(5)]
     outputs[2] = c_float(float("nan"))
     ierr = c_int32(0)
     _library.entry_point("LAMINATE_STRAINS_IN_PLANE")(
-        *_convert.reals(t, Ex, Ey, Gxy, nuxy, Nx, Ny, Nxy),
+        *_convert.reals(*arguments),
         *(byref(o) for o in outputs),
         byref(ierr),
     )
     result = InPlaneStrains(*(o.value for o in outputs))
     if ierr.value != 0:
-        meaning = (
-            "Ex, Ey or Gxy below 1e-6"
-            if ierr.value == 1
-            else "undocumented error code"
-        )
+        meaning = _STRAIN_ERRORS.get(ierr.value, "undocumented error code")
         raise CorvaneError(
             "LAMINATE_STRAINS_IN_PLANE",
             ierr.value,
-            f"{meaning} (Ex = {Ex}, Ey = {Ey}, Gxy = {Gxy})",
+            f"{meaning} (Ex = {Ex!s}, Ey = {Ey!s}, Gxy = {Gxy!s})",
             result,
         )
+    return result
+
+
+def _strains_many(arguments: typing.Sequence[npt.ArrayLike]) -> InPlaneStrains:
+    names = ("t", "Ex", "Ey", "Gxy", "nuxy", "Nx", "Ny", "Nxy")
+    batch = _convert.batch(arguments, names)
+    outputs = [np.empty(batch.size, dtype=np.float32) for _ in range(5)]
+    outputs[2].fill(np.nan)  # left unwritten where an element is refused
+    codes = np.zeros(batch.size, dtype=np.int32)
+    ierr = c_int32(0)
+    entry = "STRAINS_IN_PLANE_MANY"
+    _library.entry_point(entry)(
+        byref(c_int32(batch.size)),
+        *(_convert.address(a) for a in (*batch.values, *outputs, codes)),
+        byref(ierr),
+    )
+    if ierr.value not in (0, 1):
+        raise CorvaneError(entry, ierr.value, "unexpected error code")
+    result = InPlaneStrains(*(o.reshape(batch.shape) for o in outputs))
+    _convert.check_codes(entry, codes, batch.shape, _STRAIN_ERRORS, result)
     return result

@@ -48,7 +48,7 @@ class StrengthResult(typing.NamedTuple):
     mode: np.ndarray
 
 
-def _load_cases(loads):
+def _load_cases(loads: typing.Any) -> np.ndarray:
     """The load cases as a C-ordered float32 array whose last axis holds the
     seven values of a case."""
     if hasattr(loads, "keys"):
@@ -56,8 +56,7 @@ def _load_cases(loads):
         if unknown:
             raise ValueError(f"unknown load columns {unknown}; they are {LOAD_NAMES}")
         columns = [
-            np.asarray(loads[n], dtype=np.float32) if n in loads else np.float32(0.0)
-            for n in LOAD_NAMES
+            np.asarray(loads[n] if n in loads else 0.0, dtype=np.float32) for n in LOAD_NAMES
         ]
         array = np.stack(np.broadcast_arrays(*columns), axis=-1)
     else:
@@ -79,8 +78,14 @@ PUCK_GLASS = (0.30, 0.25)
 
 
 def laminate_strength(
-    ply, layup, loads, criterion="TSAI_WU", *, f12_star=TSAI_WU_F12_STAR, puck=PUCK_CARBON
-):
+    ply: typing.Any,
+    layup: typing.Union[str, bytes],
+    loads: typing.Any,
+    criterion: str = "TSAI_WU",
+    *,
+    f12_star: float = TSAI_WU_F12_STAR,
+    puck: typing.Tuple[float, float] = PUCK_CARBON,
+) -> StrengthResult:
     """First-ply failure of a laminate under load cases.
 
     ply: a Ply with its strengths (F1t, F1c, F2t, F2c, F12) and, for the
