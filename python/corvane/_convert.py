@@ -24,12 +24,16 @@ def reals(*values: object) -> typing.List[typing.Any]:
     return [byref(real(v)) for v in values]
 
 
+_MATRIX = c_float * 9
+
+
 def matrix_argument(value: npt.ArrayLike, name: str) -> "ctypes.Array[c_float]":
     """Nine floats in column order from a 3x3 array-like."""
     array = np.asarray(value, dtype=np.float32)
     if array.shape != (3, 3):
         raise ValueError(f"{name} must be a 3x3 matrix, not of shape {array.shape}")
-    return (c_float * 9).from_buffer_copy(array.tobytes(order="F"))
+    # The transpose of a C-ordered array is its column order, copied at once.
+    return _MATRIX.from_buffer_copy(np.ascontiguousarray(array.T))
 
 
 def matrix_result(buffer: "ctypes.Array[c_float]") -> np.ndarray:
@@ -56,10 +60,20 @@ def text_result(buffer: "ctypes.Array[ctypes.c_char]") -> str:
     return buffer.raw.rstrip(b" ").decode("latin-1")
 
 
+# Single numbers, told apart without asking numpy (which costs microseconds).
+_NUMBER_TYPES = (float, int, np.floating, np.integer)
+
+
 def is_scalar(values: typing.Sequence[typing.Any], matrices: typing.Sequence[typing.Any] = ()) -> bool:
     """Whether every value is a single number and every matrix a single 3x3
     one: the call then goes to the one-element entry point."""
-    return all(np.ndim(v) == 0 for v in values) and all(np.ndim(m) == 2 for m in matrices)
+    for v in values:
+        if not isinstance(v, _NUMBER_TYPES) and np.ndim(v) != 0:
+            return False
+    for m in matrices:
+        if (m.ndim if isinstance(m, np.ndarray) else np.ndim(m)) != 2:
+            return False
+    return True
 
 
 def _numbers(value: object, name: str) -> np.ndarray:

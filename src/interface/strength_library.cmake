@@ -53,7 +53,8 @@ add_library(Corvane::corvane_strength ALIAS corvane_strength)
 if(CORVANE_BUILD_TESTS AND NOT WIN32)
   # The entry point as a host meets it, loaded by path and looked up by name.
   corvane_add_test(strength_interface_test strength_entry_points_test.cc
-                   material_entry_points_test.cc LIBS laminates_stressed)
+                   material_entry_points_test.cc many_entry_points_test.cc
+                   LIBS laminates_stressed)
   target_link_libraries(strength_interface_test PRIVATE ${CMAKE_DL_LIBS})
   target_compile_definitions(strength_interface_test PRIVATE
                              CORVANE_LIBRARY="$<TARGET_FILE:corvane_strength>"
