@@ -32,8 +32,8 @@ def matrix_argument(value: npt.ArrayLike, name: str) -> "ctypes.Array[c_float]":
     array = np.asarray(value, dtype=np.float32)
     if array.shape != (3, 3):
         raise ValueError(f"{name} must be a 3x3 matrix, not of shape {array.shape}")
-    # The transpose of a C-ordered array is its column order, copied at once.
-    return _MATRIX.from_buffer_copy(np.ascontiguousarray(array.T))
+    # The transpose's bytes are the matrix in column order.
+    return _MATRIX.from_buffer_copy(array.T.tobytes())
 
 
 def matrix_result(buffer: "ctypes.Array[c_float]") -> np.ndarray:
@@ -43,16 +43,18 @@ def matrix_result(buffer: "ctypes.Array[c_float]") -> np.ndarray:
     return array
 
 
-def text_argument(text: typing.Union[str, bytes], length: int, name: str) -> "ctypes.Array[ctypes.c_char]":
-    """A blank-padded buffer of exactly `length` bytes (no terminating zero)."""
+def text_argument(text: typing.Union[str, bytes], length: int, name: str) -> bytes:
+    """Exactly `length` bytes, blank-padded (no terminating zero); the library
+    only reads it, so the bytes object itself is passed."""
     try:
         data = text.encode("ascii") if isinstance(text, str) else bytes(text)
     except UnicodeEncodeError:
         raise ValueError(f"{name} must be ASCII text") from None
-    if len(data.rstrip(b" ")) > length:
-        raise ValueError(f"{name} is longer than {length} characters")
-    data = data[:length].ljust(length, b" ")
-    return ctypes.create_string_buffer(data, length)
+    if len(data) != length:
+        if len(data.rstrip(b" ")) > length:
+            raise ValueError(f"{name} is longer than {length} characters")
+        data = data[:length].ljust(length, b" ")
+    return data
 
 
 def text_result(buffer: "ctypes.Array[ctypes.c_char]") -> str:

@@ -149,15 +149,17 @@ def strength_library_path() -> str:
 
 _F = POINTER(c_float)
 _I = POINTER(c_int32)
-_STIFFNESS_RESULTS = [_I, _F, _F, _F, _F] + [_F] * 8 + [_I, c_char_p, c_int64, _I]
+# The stiffness entry points take addresses, so that a call passes plain
+# integers into two arrays rather than a ctypes object per argument.
+_STIFFNESS_RESULTS = [c_void_p] * 14 + [c_char_p, c_int64, c_void_p]
 
 # What follows the materials in the strength entry points: layup, criterion,
 # options, the load cases and their results, the message and the error code.
 _STRENGTH_REST = [c_char_p, c_int64, c_char_p, c_int64, _F, _I, _F]
 _STRENGTH_REST += [_F, _I, _I, _I, c_char_p, c_int64, _I]
 _PROTOTYPES: typing.Dict[str, typing.List[typing.Any]] = {
-    "LAMINATE_STIFFNESS": [_F] * 7 + [c_char_p, c_int64] + _STIFFNESS_RESULTS,
-    "BI_MATERIAL_LAMINATE_STIFFNESS": [_F] * 14
+    "LAMINATE_STIFFNESS": [c_void_p] * 7 + [c_char_p, c_int64] + _STIFFNESS_RESULTS,
+    "BI_MATERIAL_LAMINATE_STIFFNESS": [c_void_p] * 14
     + [c_char_p, c_int64]
     + _STIFFNESS_RESULTS,
     "LAMINATE_STRAINS_IN_PLANE": [_F] * 13 + [_I],

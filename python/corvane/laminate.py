@@ -2,6 +2,7 @@
 the library's LAMINATE_STIFFNESS, BI_MATERIAL_LAMINATE_STIFFNESS and
 LAMINATE_STRAINS_IN_PLANE entry points."""
 
+import ctypes
 import dataclasses
 import functools
 import typing
@@ -133,42 +134,55 @@ class LaminateStiffness:
         return laminate_strength(self.materials, self.layup, loads, criterion, **options)
 
 
+_VALUES = c_float * 14
+_RESULTS = c_float * 44  # [A], [B], [D], [D*] in column order, then 8 values
+_COUNTS = c_int32 * 3  # symmetric, plies, ierr
+
+
 def _call_stiffness(
     entry: str, ply_materials: typing.Sequence[Ply], layup: typing.Union[str, bytes]
 ) -> "LaminateStiffness":
-    materials = [a for p in ply_materials for a in p._arguments()]
-    layup_buffer = _convert.text_argument(layup, _library.LAYUP_LENGTH, "the layup")
-    symmetric, plies, ierr = c_int32(0), c_int32(0), c_int32(0)
-    a, b, d, dstar = ((c_float * 9)() for _ in range(4))
-    scalars = [c_float(0.0) for _ in range(8)]
+    # Plain addresses into three arrays: a ctypes object per argument would
+    # cost more than the library's own work on a small laminate.
+    try:
+        values = _VALUES(
+            *(
+                v
+                for p in ply_materials
+                for v in (p.t, p.E1, p.E2, p.G12, p.nu12, p.CTE1, p.CTE2)
+            )
+        )
+    except TypeError as error:
+        raise TypeError(f"a ply material needs real numbers: {error}") from None
+    results, counts = _RESULTS(), _COUNTS()
     cards = create_string_buffer(_library.CARDS_LENGTH)
-    entry_function = _library.entry_point(entry)
-    entry_function(
-        *materials,
-        layup_buffer,
+    v, r, c = ctypes.addressof(values), ctypes.addressof(results), ctypes.addressof(counts)
+    _library.entry_point(entry)(
+        *range(v, v + 28 * len(ply_materials), 4),
+        _convert.text_argument(layup, _library.LAYUP_LENGTH, "the layup"),
         _library.LAYUP_LENGTH,
-        byref(symmetric),
-        a,
-        b,
-        d,
-        dstar,
-        *(byref(s) for s in scalars),
-        byref(plies),
+        c,
+        *range(r, r + 144, 36),
+        *range(r + 144, r + 176, 4),
+        c + 4,
         cards,
         _library.CARDS_LENGTH,
-        byref(ierr),
+        c + 8,
     )
-    code = ierr.value
+    code = counts[2]
     if code != 0:
         text = layup if isinstance(layup, str) else bytes(layup).decode("latin-1")
         meaning = _STIFFNESS_ERRORS.get(code, "undocumented error code")
         raise CorvaneError(entry, code, f"{meaning}; the layup is {text.strip()!r}")
-    h, ex, ey, gxy, nuxy, alphax, alphay, alphaxy = (s.value for s in scalars)
+    # The four matrices read-only over one copy of the results, each read in
+    # column order through its strides.
+    a, b, d, dstar = np.ndarray((4, 3, 3), np.float32, bytes(results), 0, (36, 4, 12))
+    h, ex, ey, gxy, nuxy, alphax, alphay, alphaxy = results[36:]
     return LaminateStiffness(
-        A=_convert.matrix_result(a),
-        B=_convert.matrix_result(b),
-        D=_convert.matrix_result(d),
-        Dstar=_convert.matrix_result(dstar),
+        A=a,
+        B=b,
+        D=d,
+        Dstar=dstar,
         h=h,
         Ex=ex,
         Ey=ey,
@@ -177,8 +191,8 @@ def _call_stiffness(
         alphax=alphax,
         alphay=alphay,
         alphaxy=alphaxy,
-        plies=plies.value,
-        symmetric=symmetric.value != 0,
+        plies=counts[1],
+        symmetric=counts[0] != 0,
         card_buffer=cards,
         materials=tuple(ply_materials),
         layup=layup,
