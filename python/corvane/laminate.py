@@ -41,6 +41,16 @@ class Ply:
     uetall: float = 0.0
     uecall: float = 0.0
 
+    @functools.cached_property
+    def _elastic(self) -> bytes:
+        """t, E1, E2, G12, nu12, CTE1, CTE2 as 32-bit floats, made once."""
+        try:
+            return bytes(
+                (c_float * 7)(self.t, self.E1, self.E2, self.G12, self.nu12, self.CTE1, self.CTE2)
+            )
+        except TypeError as error:
+            raise TypeError(f"a ply material needs real numbers: {error}") from None
+
     def _arguments(self) -> typing.List[typing.Any]:
         return _convert.reals(
             self.t, self.E1, self.E2, self.G12, self.nu12, self.CTE1, self.CTE2
@@ -144,16 +154,7 @@ def _call_stiffness(
 ) -> "LaminateStiffness":
     # Plain addresses into three arrays: a ctypes object per argument would
     # cost more than the library's own work on a small laminate.
-    try:
-        values = _VALUES(
-            *(
-                v
-                for p in ply_materials
-                for v in (p.t, p.E1, p.E2, p.G12, p.nu12, p.CTE1, p.CTE2)
-            )
-        )
-    except TypeError as error:
-        raise TypeError(f"a ply material needs real numbers: {error}") from None
+    values = _VALUES.from_buffer_copy(b"".join(p._elastic for p in ply_materials).ljust(56))
     results, counts = _RESULTS(), _COUNTS()
     cards = create_string_buffer(_library.CARDS_LENGTH)
     v, r, c = ctypes.addressof(values), ctypes.addressof(results), ctypes.addressof(counts)
@@ -178,7 +179,10 @@ def _call_stiffness(
     # column order through its strides.
     a, b, d, dstar = np.ndarray((4, 3, 3), np.float32, bytes(results), 0, (36, 4, 12))
     h, ex, ey, gxy, nuxy, alphax, alphay, alphaxy = results[36:]
-    return LaminateStiffness(
+    # Made without the frozen class's __init__, whose checked assignment of
+    # each field costs more than the rest of the result.
+    result = object.__new__(LaminateStiffness)
+    result.__dict__.update(
         A=a,
         B=b,
         D=d,
@@ -197,6 +201,7 @@ def _call_stiffness(
         materials=tuple(ply_materials),
         layup=layup,
     )
+    return result
 
 
 def laminate_stiffness(ply: Ply, layup: typing.Union[str, bytes]) -> LaminateStiffness:
