@@ -96,7 +96,9 @@ class LaminateStiffness:
         angles are compared, not the materials).
     cards: bulk data cards (MAT8, PCOMP, MAT2) with CR LF line ends, without
         the blank padding of the library's 10000-character buffer (the library
-        cuts a longer deck at 10000 characters).
+        cuts a longer deck at 10000 characters); decoded from card_buffer,
+        the library's buffer as it wrote it (or the text itself), when first
+        read.
     materials, layup: the Ply (or the two) and the stacking sequence it was
         made of.
     """
