@@ -10,7 +10,7 @@ Prints medians of CPU time (time.process_time) over repetitions."""
 
 import statistics
 import time
-from ctypes import byref, c_float, c_int32
+from ctypes import addressof, byref, c_float, c_int32, create_string_buffer
 
 import numpy as np
 
@@ -34,21 +34,23 @@ def per_call(function, number, repeat=7):
 
 def bare_plate_loads(D):
     entry = _library.entry_point("LAMINATE_RECTANGULAR_SS_BUCKLING_LOADS")
-    arguments = [_convert.matrix_argument(D, "D"), *_convert.reals(600.0, 200.0)]
-    arguments += [byref(c_float()) for _ in range(3)] + [byref(c_int32())]
-    return lambda: entry(*arguments)
+    values = (c_float * 14)(*_convert.matrix_values(D, "D"), 600.0, 200.0)
+    at = addressof(values)
+    arguments = [at, at + 36, at + 40, at + 44, at + 48, at + 52, byref(c_int32())]
+    return lambda keep=values: entry(*arguments)  # the array outlives the calls
 
 
 def bare_stiffness():
     entry = _library.entry_point("LAMINATE_STIFFNESS")
-    layup = _convert.text_argument(LAYUP, _library.LAYUP_LENGTH, "the layup")
-    cards = _convert.ctypes.create_string_buffer(_library.CARDS_LENGTH)
-    matrices = [(c_float * 9)() for _ in range(4)]
-    values = [byref(c_float()) for _ in range(8)]
-    arguments = [*TAPE._arguments(), layup, _library.LAYUP_LENGTH, byref(c_int32())]
-    arguments += [*matrices, *values, byref(c_int32()), cards, _library.CARDS_LENGTH]
-    arguments.append(byref(c_int32()))
-    return lambda: entry(*arguments)
+    values = (c_float * 7)(*(getattr(TAPE, n) for n in ("t", "E1", "E2", "G12", "nu12", "CTE1", "CTE2")))
+    results, counts = (c_float * 44)(), (c_int32 * 3)()
+    cards = create_string_buffer(_library.CARDS_LENGTH)
+    v, r, c = addressof(values), addressof(results), addressof(counts)
+    arguments = [*range(v, v + 28, 4), LAYUP.encode().ljust(_library.LAYUP_LENGTH)]
+    arguments += [_library.LAYUP_LENGTH, c, *range(r, r + 144, 36), *range(r + 144, r + 176, 4)]
+    arguments += [c + 4, cards, _library.CARDS_LENGTH, c + 8]
+    keep = (values, results, counts)  # the arrays outlive the calls
+    return lambda keep=keep: entry(*arguments)
 
 
 def main():

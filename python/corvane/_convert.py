@@ -36,6 +36,15 @@ def matrix_argument(value: npt.ArrayLike, name: str) -> "ctypes.Array[c_float]":
     return _MATRIX.from_buffer_copy(array.T.tobytes())
 
 
+def matrix_values(value: npt.ArrayLike, name: str) -> typing.List[float]:
+    """Nine floats in column order from a 3x3 array-like, rounded to 32 bits."""
+    array = np.asarray(value, dtype=np.float32)
+    if array.shape != (3, 3):
+        raise ValueError(f"{name} must be a 3x3 matrix, not of shape {array.shape}")
+    values: typing.List[float] = array.T.ravel().tolist()
+    return values
+
+
 def matrix_result(buffer: "ctypes.Array[c_float]") -> np.ndarray:
     """A read-only 3x3 float32 array from nine floats in column order."""
     array = np.frombuffer(bytes(buffer), dtype=np.float32).reshape((3, 3), order="F")

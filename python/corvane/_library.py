@@ -163,8 +163,8 @@ _PROTOTYPES: typing.Dict[str, typing.List[typing.Any]] = {
     + [c_char_p, c_int64]
     + _STIFFNESS_RESULTS,
     "LAMINATE_STRAINS_IN_PLANE": [_F] * 13 + [_I],
-    "LAMINATE_RECTANGULAR_SS_BUCKLING_LOADS": [_F] * 6 + [_I],
-    "LAMINATE_RECTANGULAR_SS_BUCKLING_RF": [_F] * 7 + [_I],
+    "LAMINATE_RECTANGULAR_SS_BUCKLING_LOADS": [c_void_p] * 6 + [_I],
+    "LAMINATE_RECTANGULAR_SS_BUCKLING_RF": [c_void_p] * 7 + [_I],
     "LAMINATE_SHELL_BUCKLING_LOADS": [_F] * 9 + [_I],
     "LAMINATE_STRENGTH": [_F] * 14 + _STRENGTH_REST,
     "BI_MATERIAL_LAMINATE_STRENGTH": [_F] * 28 + _STRENGTH_REST,

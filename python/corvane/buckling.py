@@ -10,6 +10,8 @@ loads, and critical loads are positive magnitudes. Every number may be an array
 rules, the library loops over the elements, and the results are float32 arrays
 of the broadcast shape. Single numbers give floats."""
 
+import ctypes
+import struct
 import typing
 from ctypes import byref, c_float, c_int32
 
@@ -68,6 +70,31 @@ def _call_many(
     return [r.reshape(batch.shape) for r in results], code_array
 
 
+def _singles(*values: npt.ArrayLike) -> typing.Sequence[float]:
+    """Single numbers, as ctypes takes them (a text is refused there)."""
+    return typing.cast(typing.Sequence[float], values)
+
+
+_PLATE = c_float * 14
+_RF = c_float * 7
+_PACKINGS = {n: struct.Struct(f"={n}f") for n in (7, 11)}
+
+
+def _packed(
+    kind: typing.Any, matrix: typing.Sequence[float], *values: npt.ArrayLike
+) -> typing.Any:
+    """A float array of `kind` holding the matrix then the values, each rounded
+    to 32 bits, and zeros after. Packed at once; the array's own constructor,
+    slower, takes what the packing does not (a value beyond the float range
+    becomes infinite there, a text is refused)."""
+    numbers = (*matrix, *_singles(*values))
+    try:
+        data = _PACKINGS[len(numbers)].pack(*numbers)
+    except (struct.error, OverflowError, TypeError):
+        return kind(*numbers)
+    return kind.from_buffer_copy(data.ljust(ctypes.sizeof(kind), b"\0"))
+
+
 def plate_buckling_loads(D: npt.ArrayLike, a: npt.ArrayLike, b: npt.ArrayLike) -> PlateBucklingLoads:
     """Critical running loads of a flat rectangular plate simply supported on
     all four edges, from its bending stiffness [D] (a 3x3 array-like; only
@@ -82,11 +109,16 @@ def plate_buckling_loads(D: npt.ArrayLike, a: npt.ArrayLike, b: npt.ArrayLike) -
     Returns PlateBucklingLoads.
     """
     if _convert.is_scalar((a, b), (D,)):
+        # [D], a, b and the three loads in one array, passed by address.
+        values = _packed(_PLATE, _convert.matrix_values(D, "D"), a, b)
+        ierr = c_int32(0)
+        at = ctypes.addressof(values)
         entry = "LAMINATE_RECTANGULAR_SS_BUCKLING_LOADS"
-        loads, code = _call_loads(entry, [_convert.matrix_argument(D, "D"), *_convert.reals(a, b)])
-        if code != 0:
-            raise CorvaneError(entry, code, "unexpected error code", PlateBucklingLoads(*loads))
-        return PlateBucklingLoads(*loads)
+        _library.entry_point(entry)(at, at + 36, at + 40, at + 44, at + 48, at + 52, byref(ierr))
+        loads = PlateBucklingLoads(*values[11:])
+        if ierr.value != 0:
+            raise CorvaneError(entry, ierr.value, "unexpected error code", loads)
+        return loads
     batch = _convert.batch((a, b), ("a", "b"), (D,), ("D",))
     results, _ = _call_many(
         "PLATE_BUCKLING_LOADS_MANY", batch, [batch.matrices[0], *batch.values], 3, codes=False
@@ -125,14 +157,18 @@ def plate_buckling_rf(
         assert codes is not None
         _convert.check_codes(entry, codes, batch.shape, _RF_ERRORS, rf_array)
         return rf_array
-    rf, ierr = c_float(0.0), c_int32(0)
+    # The six loads and the result in one array, passed by address.
+    values = _packed(_RF, (), *arguments, 0.0)
+    ierr = c_int32(0)
+    at = ctypes.addressof(values)
     entry = "LAMINATE_RECTANGULAR_SS_BUCKLING_RF"
-    _library.entry_point(entry)(*_convert.reals(*arguments), byref(rf), byref(ierr))
+    _library.entry_point(entry)(*range(at, at + 28, 4), byref(ierr))
+    rf: float = values[6]
     if ierr.value != 0:
         meaning = _RF_ERRORS.get(ierr.value, "undocumented error code")
         message = f"{meaning} (Nxcr = {Nxcr!s}, Nycr = {Nycr!s}, Nxycr = {Nxycr!s})"
-        raise CorvaneError(entry, ierr.value, message, rf.value)
-    return rf.value
+        raise CorvaneError(entry, ierr.value, message, rf)
+    return rf
 
 
 # The one shell error code corvane.h documents.
