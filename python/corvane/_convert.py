@@ -45,13 +45,6 @@ def matrix_values(value: npt.ArrayLike, name: str) -> typing.List[float]:
     return values
 
 
-def matrix_result(buffer: "ctypes.Array[c_float]") -> np.ndarray:
-    """A read-only 3x3 float32 array from nine floats in column order."""
-    array = np.frombuffer(bytes(buffer), dtype=np.float32).reshape((3, 3), order="F")
-    array.flags.writeable = False
-    return array
-
-
 def text_argument(text: typing.Union[str, bytes], length: int, name: str) -> bytes:
     """Exactly `length` bytes, blank-padded (no terminating zero); the library
     only reads it, so the bytes object itself is passed."""
