@@ -3,6 +3,7 @@
 // the same calls made one after another: nothing is shared between calls.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstring>
@@ -242,6 +243,33 @@ Bytes damaged(bool impact, const std::string& text, float nx) {
   return out;
 }
 
+// The four many-element entry points over three elements, the middle one
+// refused or degenerate.
+Bytes many(const std::array<float, 9>& a, const std::array<float, 9>& d) {
+  const int32_t n = 3;
+  std::array<float, 27> as{}, ds{};
+  for (int i = 0; i < 3; ++i) {
+    std::copy(a.begin(), a.end(), as.begin() + 9 * i);
+    std::copy(d.begin(), d.end(), ds.begin() + 9 * i);
+  }
+  const float l[3] = {600, 600, 400}, b[3] = {200, -1, 250}, r[3] = {1000, 1000, 0},
+              t[3] = {2, 2, 1}, e[3] = {50000, 1e-7f, 40000}, nu[3] = {0.3f, 0.3f, 0.1f},
+              nx[3] = {-100, 20, 0}, crit[3] = {500, 5e-7f, 300};
+  float out[5][3] = {}, rf[3] = {};
+  int32_t codes[3][3] = {}, ierr[4] = {7, 7, 7, 7};
+  Bytes result;
+  PLATE_BUCKLING_LOADS_MANY(&n, ds.data(), l, b, out[0], out[1], out[2], &ierr[0]);
+  append(result, out);
+  PLATE_BUCKLING_RF_MANY(&n, nx, nx, nx, crit, crit, crit, rf, codes[0], &ierr[1]);
+  SHELL_BUCKLING_LOADS_MANY(&n, as.data(), ds.data(), l, b, r, t, out[0], out[1], out[2],
+                            codes[1], &ierr[2]);
+  append(result, out, rf, codes, ierr);
+  STRAINS_IN_PLANE_MANY(&n, t, e, e, e, nu, nx, l, b, out[0], out[1], out[2], out[3],
+                        out[4], codes[2], &ierr[3]);
+  append(result, out, codes, ierr);
+  return result;
+}
+
 std::vector<std::function<Bytes()>> mixed_calls() {
   const Ply carbon{0.125f, 135000.0f, 10000.0f, 5000.0f, 0.3f, -0.3e-6f, 28e-6f};
   const Ply glass{0.2f, 70000.0f, 70000.0f, 5000.0f, 0.05f, 2e-6f, 2e-6f};
@@ -296,6 +324,8 @@ std::vector<std::function<Bytes()>> mixed_calls() {
       [=] { return damaged(true, "CDTM-T04 0.003 0.5 0.004 0.05 1", -400); },
       [=] { return damaged(true, "", -400); },
       [=] { return damaged(true, "CDTM-T99 1", 300); },
+      [=] { return many(a, d); },
+      [=] { return many(a, d_ortho); },
   };
 }
 

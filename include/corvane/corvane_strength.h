@@ -475,6 +475,51 @@ CORVANE_STRENGTH_API void IMPACT_LAMINATE_STRENGTH(
     const float* unit_factor, const float* energy, const int32_t* ncases,
     const float* loads, float* rf, char* message, int64_t message_length, int32_t* ierr);
 
+/*
+ * The plate, shell and strain entry points of corvane.h over arrays: element i
+ * of every array argument is one call of the one-element entry point, and its
+ * results are bit for bit what that call gives, in the same order of
+ * arguments. Each element's inputs are read before its results are written.
+ *
+ * n                      number of elements (0 or more)
+ * d, a (the matrices)    9 floats per element, element after element, each
+ *                        matrix in column order as corvane.h takes it
+ * other inputs, results  1 float per element
+ * codes                  out, n integers: each element's error code, as the
+ *                        one-element entry point gives it
+ * ierr                   out: 0 every element's code is 0; 1 at least one is
+ *                        not (codes tells which; every element is computed
+ *                        and written all the same); 2 n negative (nothing
+ *                        else written); -1 a null pointer.
+ *
+ * PLATE_BUCKLING_LOADS_MANY   LAMINATE_RECTANGULAR_SS_BUCKLING_LOADS (no codes:
+ *                             a load not found is 0)
+ * PLATE_BUCKLING_RF_MANY      LAMINATE_RECTANGULAR_SS_BUCKLING_RF
+ * SHELL_BUCKLING_LOADS_MANY   LAMINATE_SHELL_BUCKLING_LOADS
+ * STRAINS_IN_PLANE_MANY       LAMINATE_STRAINS_IN_PLANE (an element refused
+ *                             keeps the caller's gamma_xy, as there)
+ */
+CORVANE_STRENGTH_API void PLATE_BUCKLING_LOADS_MANY(const int32_t* n, const float* d,
+                                                    const float* a, const float* b,
+                                                    float* nxcr, float* nycr,
+                                                    float* nxycr, int32_t* ierr);
+CORVANE_STRENGTH_API void PLATE_BUCKLING_RF_MANY(const int32_t* n, const float* nx,
+                                                 const float* ny, const float* nxy,
+                                                 const float* nxcr, const float* nycr,
+                                                 const float* nxycr, float* rf,
+                                                 int32_t* codes, int32_t* ierr);
+CORVANE_STRENGTH_API void SHELL_BUCKLING_LOADS_MANY(const int32_t* n, const float* a,
+                                                    const float* d, const float* l,
+                                                    const float* b, const float* r,
+                                                    const float* t, float* nxcr,
+                                                    float* nycr, float* nxycr,
+                                                    int32_t* codes, int32_t* ierr);
+CORVANE_STRENGTH_API void STRAINS_IN_PLANE_MANY(
+    const int32_t* n, const float* t, const float* ex, const float* ey, const float* gxy,
+    const float* nuxy, const float* nx, const float* ny, const float* nxy, float* eps_x,
+    float* eps_y, float* gamma_xy, float* eps_p45, float* eps_m45, int32_t* codes,
+    int32_t* ierr);
+
 #ifdef __cplusplus
 }
 #endif

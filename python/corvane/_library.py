@@ -22,7 +22,7 @@ import functools
 import os
 import pathlib
 import typing
-from ctypes import POINTER, c_char_p, c_float, c_int32, c_int64
+from ctypes import POINTER, c_char_p, c_float, c_int32, c_int64, c_void_p
 
 from .errors import LibraryError
 
@@ -59,11 +59,11 @@ class _Kind(typing.NamedTuple):
     name: str  # as ctypes.util.find_library takes it
     description: str
 
-    def file_names(self):
+    def file_names(self) -> typing.Tuple[str, ...]:
         n = self.name
         return (f"lib{n}.so.0", f"lib{n}.so", f"{n}.dll", f"lib{n}.dylib")
 
-    def loader_name(self):
+    def loader_name(self) -> str:
         return f"{self.name}.dll" if os.name == "nt" else f"lib{self.name}.so.0"
 
 
@@ -73,7 +73,13 @@ _STRENGTH = _Kind(
 )
 
 
-def _candidates(kind, environ, package_dir, system_name):
+Environment = typing.Optional[typing.Mapping[str, str]]
+Folder = typing.Union[None, str, "os.PathLike[str]"]
+
+
+def _candidates(
+    kind: _Kind, environ: Environment, package_dir: Folder, system_name: typing.Optional[str]
+) -> typing.List[str]:
     environ = os.environ if environ is None else environ
     package_dir = _PACKAGE_DIR if package_dir is None else pathlib.Path(package_dir)
     explicit = environ.get(kind.variable)
@@ -93,7 +99,9 @@ def _candidates(kind, environ, package_dir, system_name):
     return found
 
 
-def candidates(environ=None, package_dir=None, system_name=None):
+def candidates(
+    environ: Environment = None, package_dir: Folder = None, system_name: typing.Optional[str] = None
+) -> typing.List[str]:
     """The library paths or names to try, in order.
 
     The arguments stand in for os.environ, this package's folder and the
@@ -102,14 +110,16 @@ def candidates(environ=None, package_dir=None, system_name=None):
     return _candidates(_MAIN, environ, package_dir, system_name)
 
 
-def strength_candidates(environ=None, package_dir=None, system_name=None):
+def strength_candidates(
+    environ: Environment = None, package_dir: Folder = None, system_name: typing.Optional[str] = None
+) -> typing.List[str]:
     """The strength library's paths or names to try, in order; the arguments
     as for candidates()."""
     return _candidates(_STRENGTH, environ, package_dir, system_name)
 
 
 @functools.cache
-def _loaded(kind):
+def _loaded(kind: _Kind) -> typing.Tuple[ctypes.CDLL, str]:
     """The loaded library and the path or name it was loaded under (loaded
     once, on first use)."""
     failures = []
@@ -125,24 +135,26 @@ def _loaded(kind):
     )
 
 
-def library():
+def library() -> ctypes.CDLL:
     """The loaded library."""
     return _loaded(_MAIN)[0]
 
 
-def library_path():
+def library_path() -> str:
     """The path or name under which the library was loaded."""
     return _loaded(_MAIN)[1]
 
 
-def strength_library_path():
+def strength_library_path() -> str:
     """The path or name under which the strength library was loaded."""
     return _loaded(_STRENGTH)[1]
 
 
 _F = POINTER(c_float)
 _I = POINTER(c_int32)
-_STIFFNESS_RESULTS = [_I, _F, _F, _F, _F] + [_F] * 8 + [_I, c_char_p, c_int64, _I]
+# The stiffness entry points take addresses, so that a call passes plain
+# integers into two arrays rather than a ctypes object per argument.
+_STIFFNESS_RESULTS = [c_void_p] * 14 + [c_char_p, c_int64, c_void_p]
 
 # What follows the materials in the strength entry points: layup, criterion,
 # options, the load cases and their results, the message and the error code.
@@ -151,14 +163,14 @@ _STRENGTH_REST += [_F, _I, _I, _I, c_char_p, c_int64, _I]
 # What follows the materials in the solver deck entry points: layup, line ends,
 # the deck and its length, the message and the error code.
 _DECK_REST = [c_char_p, c_int64, _I, c_char_p, c_int64, _I, c_char_p, c_int64, _I]
-_PROTOTYPES = {
-    "LAMINATE_STIFFNESS": [_F] * 7 + [c_char_p, c_int64] + _STIFFNESS_RESULTS,
-    "BI_MATERIAL_LAMINATE_STIFFNESS": [_F] * 14
+_PROTOTYPES: typing.Dict[str, typing.List[typing.Any]] = {
+    "LAMINATE_STIFFNESS": [c_void_p] * 7 + [c_char_p, c_int64] + _STIFFNESS_RESULTS,
+    "BI_MATERIAL_LAMINATE_STIFFNESS": [c_void_p] * 14
     + [c_char_p, c_int64]
     + _STIFFNESS_RESULTS,
     "LAMINATE_STRAINS_IN_PLANE": [_F] * 13 + [_I],
-    "LAMINATE_RECTANGULAR_SS_BUCKLING_LOADS": [_F] * 6 + [_I],
-    "LAMINATE_RECTANGULAR_SS_BUCKLING_RF": [_F] * 7 + [_I],
+    "LAMINATE_RECTANGULAR_SS_BUCKLING_LOADS": [c_void_p] * 6 + [_I],
+    "LAMINATE_RECTANGULAR_SS_BUCKLING_RF": [c_void_p] * 7 + [_I],
     "LAMINATE_SHELL_BUCKLING_LOADS": [_F] * 9 + [_I],
     "LAMINATE_STRENGTH": [_F] * 14 + _STRENGTH_REST,
     "BI_MATERIAL_LAMINATE_STRENGTH": [_F] * 28 + _STRENGTH_REST,
@@ -172,6 +184,11 @@ _PROTOTYPES = {
     + [_I]
     + [_F] * 7
     + [_I, c_char_p, c_int64, _I],
+    # The many-element entry points take addresses: numpy arrays' data.
+    "PLATE_BUCKLING_LOADS_MANY": [c_void_p] * 8,
+    "PLATE_BUCKLING_RF_MANY": [c_void_p] * 10,
+    "SHELL_BUCKLING_LOADS_MANY": [c_void_p] * 12,
+    "STRAINS_IN_PLANE_MANY": [c_void_p] * 16,
 }
 # The keyed material of the notched and impact entry points: constants,
 # allowables, the property text; then layup and check or model texts.
@@ -190,11 +207,15 @@ _STRENGTH_ENTRY_POINTS = {
     "SECTION_CRIPPLING",
     "NOTCHED_LAMINATE_STRENGTH",
     "IMPACT_LAMINATE_STRENGTH",
+    "PLATE_BUCKLING_LOADS_MANY",
+    "PLATE_BUCKLING_RF_MANY",
+    "SHELL_BUCKLING_LOADS_MANY",
+    "STRAINS_IN_PLANE_MANY",
 }
 
 
 @functools.cache
-def entry_point(name):
+def entry_point(name: str) -> typing.Any:
     """The library's entry point `name` as a ctypes function with its
     argument types set. It is made once and shared by every caller and
     thread: call it, never change it."""

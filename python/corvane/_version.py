@@ -3,13 +3,15 @@ the repository's CMakeLists.txt. setup.py reads it from there when the package
 is built; an installed package reports what was recorded then."""
 
 import importlib.metadata
+import os
 import pathlib
 import re
+import typing
 
 _PROJECT_LINE = re.compile(r"^project\(\s*Corvane\s+VERSION\s+([0-9][0-9.]*)", re.M)
 
 
-def from_cmakelists(path):
+def from_cmakelists(path: typing.Union[str, "os.PathLike[str]"]) -> typing.Optional[str]:
     """The VERSION of the project() line of the CMakeLists.txt at `path`, or
     None when there is no such file or line."""
     try:
@@ -19,7 +21,7 @@ def from_cmakelists(path):
     return found.group(1) if found else None
 
 
-def version():
+def version() -> str:
     # Run from the source tree, the project's own line decides, whatever copy
     # of the package is installed besides.
     source_tree = pathlib.Path(__file__).resolve().parents[2]

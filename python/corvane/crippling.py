@@ -72,15 +72,15 @@ class CripplingResult(typing.NamedTuple):
 
 
 def section_crippling(
-    ply,
-    segments,
+    ply: typing.Any,
+    segments: typing.Iterable[Segment],
     *,
-    length=0.0,
-    fixity=1.0,
-    criterion="PUCK",
-    f12_star=-0.5,
-    puck=(0.35, 0.30),
-):
+    length: float = 0.0,
+    fixity: float = 1.0,
+    criterion: str = "PUCK",
+    f12_star: float = -0.5,
+    puck: typing.Tuple[float, float] = (0.35, 0.30),
+) -> CripplingResult:
     """Crippling stress and load, EA and column allowable of a section.
 
     ply: the Ply of the segments that name none (with its strengths where a
@@ -123,7 +123,7 @@ def section_crippling(
     edge = np.array(edges, dtype=np.int32)
     material = np.array(index, dtype=np.int32)
     layups = b"".join(
-        _convert.text_argument(s.layup, _library.LAYUP_LENGTH, "a layup").raw for s in rows
+        _convert.text_argument(s.layup, _library.LAYUP_LENGTH, "a layup") for s in rows
     )
     criterion_buffer = _convert.text_argument(
         criterion, _library.CRITERION_LENGTH, "the criterion"
@@ -161,10 +161,8 @@ def section_crippling(
         raise CorvaneError("SECTION_CRIPPLING", ierr.value, text)
     if text:
         warnings.warn(text, CripplingRangeWarning, stacklevel=2)
+    area, ea, fcc_section, pcc, rho, column_stress, column_load = (v.value for v in section)
     return CripplingResult(
-        *out,
-        warning,
-        *(v.value for v in section),
-        COLUMN_MODES[mode.value],
-        text,
+        out[0], out[1], out[2], out[3], warning, area, ea, fcc_section, pcc, rho,
+        column_stress, column_load, COLUMN_MODES[mode.value], text,
     )

@@ -1,13 +1,16 @@
 """The solver deck of a laminate: the strength library's LAMINATE_SOLVER_DECK
 and BI_MATERIAL_LAMINATE_SOLVER_DECK entry points."""
 
+import typing
 from ctypes import byref, c_int32, create_string_buffer
 
 from . import _convert, _library
 from .errors import CorvaneError
 
 
-def solver_deck(ply, layup, *, crlf=False):
+def solver_deck(
+    ply: typing.Any, layup: typing.Union[str, bytes], *, crlf: bool = False
+) -> str:
     """The bulk data deck of a laminate laid out by the published NASTRAN
     bulk data card formats, for finite-element programs that read them
     strictly: a MAT8 per ply material (101, 102) with the strengths F1t, F1c,

@@ -2,16 +2,19 @@
 the library's LAMINATE_STIFFNESS, BI_MATERIAL_LAMINATE_STIFFNESS and
 LAMINATE_STRAINS_IN_PLANE entry points."""
 
+import ctypes
 import dataclasses
+import functools
 import typing
 from ctypes import byref, c_float, c_int32, create_string_buffer
 
 import numpy as np
+import numpy.typing as npt
 
 from . import _convert, _library
 from .deck import solver_deck
 from .errors import CorvaneError
-from .strength import laminate_strength
+from .strength import StrengthResult, laminate_strength
 
 
 @dataclasses.dataclass(frozen=True)
@@ -39,7 +42,17 @@ class Ply:
     uetall: float = 0.0
     uecall: float = 0.0
 
-    def _arguments(self):
+    @functools.cached_property
+    def _elastic(self) -> bytes:
+        """t, E1, E2, G12, nu12, CTE1, CTE2 as 32-bit floats, made once."""
+        try:
+            return bytes(
+                (c_float * 7)(self.t, self.E1, self.E2, self.G12, self.nu12, self.CTE1, self.CTE2)
+            )
+        except TypeError as error:
+            raise TypeError(f"a ply material needs real numbers: {error}") from None
+
+    def _arguments(self) -> typing.List[typing.Any]:
         return _convert.reals(
             self.t, self.E1, self.E2, self.G12, self.nu12, self.CTE1, self.CTE2
         )
@@ -54,15 +67,20 @@ _STIFFNESS_ERRORS = {
 }
 
 
+# A result: a float for a call on single numbers, an array for arrays.
+FloatOrArray = typing.Union[float, np.ndarray]
+
+
 class InPlaneStrains(typing.NamedTuple):
     """Membrane strains: eps_x, eps_y, the engineering shear strain gamma_xy,
-    and the direct strains along +45 and -45 degrees."""
+    and the direct strains along +45 and -45 degrees (floats, or float32
+    arrays)."""
 
-    eps_x: float
-    eps_y: float
-    gamma_xy: float
-    eps_p45: float
-    eps_m45: float
+    eps_x: FloatOrArray
+    eps_y: FloatOrArray
+    gamma_xy: FloatOrArray
+    eps_p45: FloatOrArray
+    eps_m45: FloatOrArray
 
 
 @dataclasses.dataclass(frozen=True, eq=False)
@@ -79,7 +97,9 @@ class LaminateStiffness:
         angles are compared, not the materials).
     cards: bulk data cards (MAT8, PCOMP, MAT2) with CR LF line ends, without
         the blank padding of the library's 10000-character buffer (the library
-        cuts a longer deck at 10000 characters).
+        cuts a longer deck at 10000 characters); decoded from card_buffer,
+        the library's buffer as it wrote it (or the text itself), when first
+        read.
     materials, layup: the Ply (or the two) and the stacking sequence it was
         made of.
     """
@@ -98,63 +118,84 @@ class LaminateStiffness:
     alphaxy: float
     plies: int
     symmetric: bool
-    cards: str
-    materials: tuple = dataclasses.field(default=(), repr=False)
-    layup: str = dataclasses.field(default="", repr=False)
+    # The library's card buffer, blanks and all: decoded when `cards` is read.
+    card_buffer: typing.Any = dataclasses.field(repr=False)
+    materials: typing.Tuple[Ply, ...] = dataclasses.field(default=(), repr=False)
+    layup: typing.Union[str, bytes] = dataclasses.field(default="", repr=False)
 
-    def strains(self, Nx=0.0, Ny=0.0, Nxy=0.0):
+    @functools.cached_property
+    def cards(self) -> str:
+        """The bulk data cards, decoded on first use."""
+        if isinstance(self.card_buffer, str):
+            return self.card_buffer
+        return _convert.text_result(self.card_buffer)
+
+    def strains(
+        self, Nx: npt.ArrayLike = 0.0, Ny: npt.ArrayLike = 0.0, Nxy: npt.ArrayLike = 0.0
+    ) -> InPlaneStrains:
         """Membrane strains under running loads: strains_in_plane with this
         laminate's h, Ex, Ey, Gxy and nuxy."""
         return strains_in_plane(
             self.h, self.Ex, self.Ey, self.Gxy, self.nuxy, Nx, Ny, Nxy
         )
 
-    def strength(self, loads, criterion="TSAI_WU", **options):
+    def strength(
+        self, loads: typing.Any, criterion: str = "TSAI_WU", **options: typing.Any
+    ) -> StrengthResult:
         """First-ply failure under load cases: laminate_strength with this
         laminate's ply materials and layup (options: f12_star, puck)."""
         return laminate_strength(self.materials, self.layup, loads, criterion, **options)
 
-    def solver_deck(self, *, crlf=False):
+    def solver_deck(self, *, crlf: bool = False) -> str:
         """The deck laid out by the published NASTRAN bulk data card formats
         (corvane.solver_deck) of this laminate's ply materials and layup,
         their strengths included; `cards` holds the established deck."""
         return solver_deck(self.materials, self.layup, crlf=crlf)
 
 
-def _call_stiffness(entry, ply_materials, layup):
-    materials = [a for p in ply_materials for a in p._arguments()]
-    layup_buffer = _convert.text_argument(layup, _library.LAYUP_LENGTH, "the layup")
-    symmetric, plies, ierr = c_int32(0), c_int32(0), c_int32(0)
-    a, b, d, dstar = ((c_float * 9)() for _ in range(4))
-    scalars = [c_float(0.0) for _ in range(8)]
+_VALUES = c_float * 14
+_RESULTS = c_float * 44  # [A], [B], [D], [D*] in column order, then 8 values
+_COUNTS = c_int32 * 3  # symmetric, plies, ierr
+
+
+def _call_stiffness(
+    entry: str, ply_materials: typing.Sequence[Ply], layup: typing.Union[str, bytes]
+) -> "LaminateStiffness":
+    # Plain addresses into three arrays: a ctypes object per argument would
+    # cost more than the library's own work on a small laminate.
+    values = _VALUES.from_buffer_copy(b"".join(p._elastic for p in ply_materials).ljust(56))
+    results, counts = _RESULTS(), _COUNTS()
     cards = create_string_buffer(_library.CARDS_LENGTH)
-    entry_function = _library.entry_point(entry)
-    entry_function(
-        *materials,
-        layup_buffer,
+    v, r, c = ctypes.addressof(values), ctypes.addressof(results), ctypes.addressof(counts)
+    _library.entry_point(entry)(
+        *range(v, v + 28 * len(ply_materials), 4),
+        _convert.text_argument(layup, _library.LAYUP_LENGTH, "the layup"),
         _library.LAYUP_LENGTH,
-        byref(symmetric),
-        a,
-        b,
-        d,
-        dstar,
-        *(byref(s) for s in scalars),
-        byref(plies),
+        c,
+        *range(r, r + 144, 36),
+        *range(r + 144, r + 176, 4),
+        c + 4,
         cards,
         _library.CARDS_LENGTH,
-        byref(ierr),
+        c + 8,
     )
-    code = ierr.value
+    code = counts[2]
     if code != 0:
         text = layup if isinstance(layup, str) else bytes(layup).decode("latin-1")
         meaning = _STIFFNESS_ERRORS.get(code, "undocumented error code")
         raise CorvaneError(entry, code, f"{meaning}; the layup is {text.strip()!r}")
-    h, ex, ey, gxy, nuxy, alphax, alphay, alphaxy = (s.value for s in scalars)
-    return LaminateStiffness(
-        A=_convert.matrix_result(a),
-        B=_convert.matrix_result(b),
-        D=_convert.matrix_result(d),
-        Dstar=_convert.matrix_result(dstar),
+    # The four matrices read-only over one copy of the results, each read in
+    # column order through its strides.
+    a, b, d, dstar = np.ndarray((4, 3, 3), np.float32, bytes(results), 0, (36, 4, 12))
+    h, ex, ey, gxy, nuxy, alphax, alphay, alphaxy = results[36:]
+    # Made without the frozen class's __init__, whose checked assignment of
+    # each field costs more than the rest of the result.
+    result = object.__new__(LaminateStiffness)
+    result.__dict__.update(
+        A=a,
+        B=b,
+        D=d,
+        Dstar=dstar,
         h=h,
         Ex=ex,
         Ey=ey,
@@ -163,15 +204,16 @@ def _call_stiffness(entry, ply_materials, layup):
         alphax=alphax,
         alphay=alphay,
         alphaxy=alphaxy,
-        plies=plies.value,
-        symmetric=symmetric.value != 0,
-        cards=_convert.text_result(cards),
+        plies=counts[1],
+        symmetric=counts[0] != 0,
+        card_buffer=cards,
         materials=tuple(ply_materials),
         layup=layup,
     )
+    return result
 
 
-def laminate_stiffness(ply, layup):
+def laminate_stiffness(ply: Ply, layup: typing.Union[str, bytes]) -> LaminateStiffness:
     """The stiffness of a laminate of one ply material.
 
     ply: a Ply. layup: the stacking sequence, for instance "(0/45/-45/90)S"
@@ -185,7 +227,9 @@ def laminate_stiffness(ply, layup):
     return _call_stiffness("LAMINATE_STIFFNESS", [ply], layup)
 
 
-def bi_material_laminate_stiffness(ply1, ply2, layup):
+def bi_material_laminate_stiffness(
+    ply1: Ply, ply2: Ply, layup: typing.Union[str, bytes]
+) -> LaminateStiffness:
     """The stiffness of a laminate of two ply materials.
 
     A ply written with a trailing point in the layup, for instance "45.", is of
@@ -199,39 +243,74 @@ def bi_material_laminate_stiffness(ply1, ply2, layup):
     return _call_stiffness("BI_MATERIAL_LAMINATE_STIFFNESS", [ply1, ply2], layup)
 
 
-def strains_in_plane(t, Ex, Ey, Gxy, nuxy, Nx, Ny, Nxy):
+_STRAIN_ERRORS = {1: "Ex, Ey or Gxy below 1e-6"}
+
+
+def strains_in_plane(
+    t: npt.ArrayLike,
+    Ex: npt.ArrayLike,
+    Ey: npt.ArrayLike,
+    Gxy: npt.ArrayLike,
+    nuxy: npt.ArrayLike,
+    Nx: npt.ArrayLike,
+    Ny: npt.ArrayLike,
+    Nxy: npt.ArrayLike,
+) -> InPlaneStrains:
     """Membrane strains of a laminate of thickness t with apparent constants
     Ex, Ey, Gxy, nuxy under running loads Nx, Ny, Nxy (force per width).
 
     eps_x = (Nx - nuxy Ny)/(Ex t), eps_y = (Ny - (Ey/Ex) nuxy Nx)/(Ey t),
     gamma_xy = Nxy/(Gxy t), eps_p45 and eps_m45 = (eps_x + eps_y +- gamma_xy)/2.
-    t is not checked: t = 0 gives infinite or undefined strains.
+    t is not checked: t = 0 gives infinite or undefined strains. Any argument
+    may be an array (many laminates, many load cases): they broadcast, the
+    strain library's STRAINS_IN_PLANE_MANY loops over them, and the strains
+    are float32 arrays.
 
     Raises CorvaneError with code 1 when Ex, Ey or Gxy is below 1e-6; its
     result then holds the library's 1.0e20 in eps_x, eps_y, eps_p45 and
-    eps_m45, and NaN in gamma_xy, which the library leaves unwritten.
+    eps_m45, and NaN in gamma_xy, which the library leaves unwritten (over
+    arrays, in the elements refused, with every element's code in `codes`).
     Returns InPlaneStrains.
     """
+    arguments = (t, Ex, Ey, Gxy, nuxy, Nx, Ny, Nxy)
+    if not _convert.is_scalar(arguments):
+        return _strains_many(arguments)
     # gamma_xy starts as NaN: the library leaves it unwritten on error.
     outputs = [c_float(0.0) for _ in range(5)]
     outputs[2] = c_float(float("nan"))
     ierr = c_int32(0)
     _library.entry_point("LAMINATE_STRAINS_IN_PLANE")(
-        *_convert.reals(t, Ex, Ey, Gxy, nuxy, Nx, Ny, Nxy),
+        *_convert.reals(*arguments),
         *(byref(o) for o in outputs),
         byref(ierr),
     )
     result = InPlaneStrains(*(o.value for o in outputs))
     if ierr.value != 0:
-        meaning = (
-            "Ex, Ey or Gxy below 1e-6"
-            if ierr.value == 1
-            else "undocumented error code"
-        )
+        meaning = _STRAIN_ERRORS.get(ierr.value, "undocumented error code")
         raise CorvaneError(
             "LAMINATE_STRAINS_IN_PLANE",
             ierr.value,
-            f"{meaning} (Ex = {Ex}, Ey = {Ey}, Gxy = {Gxy})",
+            f"{meaning} (Ex = {Ex!s}, Ey = {Ey!s}, Gxy = {Gxy!s})",
             result,
         )
+    return result
+
+
+def _strains_many(arguments: typing.Sequence[npt.ArrayLike]) -> InPlaneStrains:
+    names = ("t", "Ex", "Ey", "Gxy", "nuxy", "Nx", "Ny", "Nxy")
+    batch = _convert.batch(arguments, names)
+    outputs = [np.empty(batch.size, dtype=np.float32) for _ in range(5)]
+    outputs[2].fill(np.nan)  # left unwritten where an element is refused
+    codes = np.zeros(batch.size, dtype=np.int32)
+    ierr = c_int32(0)
+    entry = "STRAINS_IN_PLANE_MANY"
+    _library.entry_point(entry)(
+        byref(c_int32(batch.size)),
+        *(_convert.address(a) for a in (*batch.values, *outputs, codes)),
+        byref(ierr),
+    )
+    if ierr.value not in (0, 1):
+        raise CorvaneError(entry, ierr.value, "unexpected error code")
+    result = InPlaneStrains(*(o.reshape(batch.shape) for o in outputs))
+    _convert.check_codes(entry, codes, batch.shape, _STRAIN_ERRORS, result)
     return result

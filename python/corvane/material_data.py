@@ -16,7 +16,9 @@ from . import _convert, _library
 from .errors import CorvaneError, Error
 from .laminate import Ply
 
-Places = typing.Union[None, str, os.PathLike, typing.Iterable[typing.Union[str, os.PathLike]]]
+Places = typing.Union[
+    None, str, "os.PathLike[str]", typing.Iterable[typing.Union[str, "os.PathLike[str]"]]
+]
 
 
 def installed_materials() -> typing.Optional[pathlib.Path]:
@@ -28,7 +30,7 @@ def installed_materials() -> typing.Optional[pathlib.Path]:
     try:
         library = pathlib.Path(_library.strength_library_path()).resolve()
         candidates.append(library.parent.parent / "share" / "corvane" / "materials")
-    except (OSError, _library.LibraryError):
+    except OSError:  # LibraryError included
         pass
     candidates.append(package.parent.parent / "materials")
     return next((c for c in candidates if c.is_dir()), None)
@@ -42,7 +44,7 @@ def _places(places: Places) -> typing.List[str]:
     return [os.fspath(p) for p in places]
 
 
-def _search_arguments(places: Places):
+def _search_arguments(places: Places) -> typing.Tuple[typing.Any, ...]:
     joined = "\n".join(_places(places))
     installed = installed_materials()
     return (
@@ -97,8 +99,9 @@ class Material(Ply):
         )
         if ierr.value != 0:
             raise CorvaneError("MATERIAL_DATA", ierr.value, _convert.text_result(message))
+        ply = dict(zip((f.name for f in dataclasses.fields(Ply)), (float(v) for v in values)))
         return cls(
-            *(float(v) for v in values),
+            **ply,
             name=_convert.text_result(found),
             fabric=fabric.value != 0,
             file=_convert.text_result(file),

@@ -48,7 +48,7 @@ class StrengthResult(typing.NamedTuple):
     mode: np.ndarray
 
 
-def _load_cases(loads):
+def _load_cases(loads: typing.Any) -> np.ndarray:
     """The load cases as a C-ordered float32 array whose last axis holds the
     seven values of a case."""
     if hasattr(loads, "keys"):
@@ -56,8 +56,7 @@ def _load_cases(loads):
         if unknown:
             raise ValueError(f"unknown load columns {unknown}; they are {LOAD_NAMES}")
         columns = [
-            np.asarray(loads[n], dtype=np.float32) if n in loads else np.float32(0.0)
-            for n in LOAD_NAMES
+            np.asarray(loads[n] if n in loads else 0.0, dtype=np.float32) for n in LOAD_NAMES
         ]
         array = np.stack(np.broadcast_arrays(*columns), axis=-1)
     else:
@@ -79,8 +78,14 @@ PUCK_GLASS = (0.30, 0.25)
 
 
 def laminate_strength(
-    ply, layup, loads, criterion="TSAI_WU", *, f12_star=TSAI_WU_F12_STAR, puck=PUCK_CARBON
-):
+    ply: typing.Any,
+    layup: typing.Union[str, bytes],
+    loads: typing.Any,
+    criterion: str = "TSAI_WU",
+    *,
+    f12_star: float = TSAI_WU_F12_STAR,
+    puck: typing.Tuple[float, float] = PUCK_CARBON,
+) -> StrengthResult:
     """First-ply failure of a laminate under load cases.
 
     ply: a Ply with its strengths (F1t, F1c, F2t, F2c, F12) and, for the
@@ -152,7 +157,7 @@ IMPACT_CHECKS = ("CAIH", "CAIE", "MODEL")
 HOLE_DIAMETER = 6.35
 
 
-def _properties(properties):
+def _properties(properties: typing.Any) -> str:
     """The property text from a dict {key: value} or a text of KEY=value items."""
     if properties is None:
         return ""
@@ -161,7 +166,7 @@ def _properties(properties):
     return str(properties)
 
 
-def _material(ply, properties):
+def _material(ply: typing.Any, properties: typing.Any) -> typing.Tuple[typing.Any, ...]:
     """The keyed material's arguments: its constants, F1t and F1c (strengths
     from 1 up, ultimate strains below), the property text."""
     text = _convert.text_argument(
@@ -176,15 +181,15 @@ def _material(ply, properties):
 
 
 def notched_strength(
-    ply,
-    layup,
-    loads,
-    check="ALL",
+    ply: typing.Any,
+    layup: str,
+    loads: typing.Any,
+    check: str = "ALL",
     *,
-    hole_diameter=HOLE_DIAMETER,
-    fastener_loads=None,
-    properties=None,
-):
+    hole_diameter: float = HOLE_DIAMETER,
+    fastener_loads: typing.Any = None,
+    properties: typing.Any = None,
+) -> np.ndarray:
     """Reserve factors of a laminate with a circular hole under load cases:
     the strength library's NOTCHED_LAMINATE_STRENGTH.
 
@@ -240,8 +245,15 @@ def notched_strength(
 
 
 def impact_strength(
-    ply, layup, loads, energy=0.0, *, damage_model=None, unit_factor=1.0, properties=None
-):
+    ply: typing.Any,
+    layup: str,
+    loads: typing.Any,
+    energy: float = 0.0,
+    *,
+    damage_model: typing.Optional[str] = None,
+    unit_factor: float = 1.0,
+    properties: typing.Any = None,
+) -> np.ndarray:
     """Reserve factors after impact under load cases: the strength library's
     IMPACT_LAMINATE_STRENGTH. The largest principal membrane strain of each
     case against CAIH, CAIE and, with a damage model, its allowable.

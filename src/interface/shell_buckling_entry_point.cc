@@ -1,13 +1,11 @@
 // LAMINATE_SHELL_BUCKLING_LOADS: an adapter over shell_buckling with the
 // empirical curvature factor. Nothing it calls allocates or throws, so it needs
 // no catch.
-#include <algorithm>
 #include <cstdint>
 
-#include "buckling/shell_buckling.h"
 #include "corvane/corvane.h"
+#include "interface/element_calls.h"
 #include "interface/null_arguments.h"
-#include "util/matrix3.h"
 
 extern "C" {
 
@@ -19,13 +17,9 @@ CORVANE_API void LAMINATE_SHELL_BUCKLING_LOADS(const float* a, const float* d,
   if (corvane::null_argument(ierr, a, d, l, b, r, t, nxcr, nycr, nxycr)) return;
   // Every input is read before an output is written, so that a caller passing
   // one variable for both still gets the loads of what it passed.
-  corvane::Matrix3 A;
-  corvane::Matrix3 D;
-  std::copy_n(a, 9, A.v.begin());
-  std::copy_n(d, 9, D.v.begin());
   int error = 0;
   const corvane::CriticalLoads loads =
-      corvane::shell_buckling(A, D, *l, *b, *r, *t, &error);
+      corvane::shell_critical_loads(a, d, *l, *b, *r, *t, &error);
   *nxcr = loads.nxcr;
   *nycr = loads.nycr;
   *nxycr = loads.nxycr;

@@ -4,8 +4,9 @@
 # are. A host loads either or both; neither needs the other.
 
 corvane_module(strength_interface SOURCES strength_entry_points.cc
-               material_entry_points.cc solver_deck_entry_points.cc
-               DEPENDS laminates_stressed crippling_sections material_files cards)
+               material_entry_points.cc solver_deck_entry_points.cc many_entry_points.cc
+               DEPENDS laminates_stressed crippling_sections material_files cards buckling
+                       plane_stresses_strains)
 
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS strength_exports.txt)
 file(STRINGS strength_exports.txt strength_exports REGEX "^[A-Z_]+$")
@@ -54,7 +55,7 @@ if(CORVANE_BUILD_TESTS AND NOT WIN32)
   # The entry point as a host meets it, loaded by path and looked up by name.
   corvane_add_test(strength_interface_test strength_entry_points_test.cc
                    material_entry_points_test.cc solver_deck_entry_points_test.cc
-                   notched_entry_points_test.cc
+                   notched_entry_points_test.cc many_entry_points_test.cc
                    LIBS laminates_stressed cards crippling_sections)
   target_link_libraries(strength_interface_test PRIVATE ${CMAKE_DL_LIBS})
   target_compile_definitions(strength_interface_test PRIVATE
@@ -64,7 +65,7 @@ if(CORVANE_BUILD_TESTS AND NOT WIN32)
 
   add_test(NAME strength_interface_exported_symbols
            COMMAND ${CMAKE_COMMAND} -DLIBRARY=$<TARGET_FILE:corvane_strength>
-                   -DEXPORTS=${CMAKE_CURRENT_SOURCE_DIR}/strength_exports.txt -DCOUNT=9
+                   -DEXPORTS=${CMAKE_CURRENT_SOURCE_DIR}/strength_exports.txt -DCOUNT=13
                    -P ${CMAKE_CURRENT_SOURCE_DIR}/exported_symbols_test.cmake)
   set_tests_properties(strength_interface_exported_symbols PROPERTIES
                        SKIP_REGULAR_EXPRESSION "nm not found: skipped")
