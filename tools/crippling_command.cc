@@ -230,6 +230,12 @@ class CripplingCommand : public Command {
                               format_general(kBuiltInTape.*field.value) + ")");
       material_[k]->group("Ply material of every segment (default: the built-in tape)");
     }
+    app_->add_option("--material", material_name_,
+                     "the ply material of that name in the material data files, with "
+                     "its strengths")
+        ->type_name("NAME")
+        ->group("Material data files");
+    lookup_.add_to(*app_);
     const PlyStrengths built_in = built_in_strengths();
     for (std::size_t k = 0; k < kStrengthFields.size(); ++k) {
       const StrengthField& f = kStrengthFields[k];
@@ -283,13 +289,21 @@ class CripplingCommand : public Command {
                     "unknown criterion \"" + criterion_ + "\"");
     }
     input["criterion"] = criterion_keyword(code);
-    PlyMaterial material = kBuiltInTape;
+    // A named material brings its values and strengths; options given
+    // replace them.
+    const MaterialEntry* named =
+        material_name_.empty() ? nullptr : &lookup_.find(material_name_);
+    PlyMaterial material = named ? ply_material(named->lamina) : kBuiltInTape;
     for (std::size_t k = 0; k < kMaterialFields.size(); ++k) {
       if (given(material_[k])) {
         material.*kMaterialFields[k].value = real_value(material_text_[k]);
       }
     }
     PlyStrengths strengths = built_in_strengths();
+    if (named) {
+      const LAMINA& m = named->lamina;
+      strengths = {m.F1t, m.F1c, m.F2t, m.F2c, m.F12, m.uetall, m.uecall};
+    }
     for (std::size_t k = 0; k < kStrengthFields.size(); ++k) {
       if (given(strength_[k])) {
         strengths.*kStrengthFields[k].value = real_value(strength_text_[k]);
@@ -302,6 +316,7 @@ class CripplingCommand : public Command {
     }
     const LAMINA ply = lamina(material, strengths);
     input["material"] = material_json(material);
+    if (named) input["material"]["name"] = named->lamina.Name;
     for (const StrengthField& f : kStrengthFields) {
       input["material"][std::string(f.option)] = json_real(ply.*f.member);
     }
@@ -460,6 +475,8 @@ class CripplingCommand : public Command {
   std::string f12_star_, p_plus_, p_minus_;
   std::array<std::string, 7> material_text_, strength_text_;
   std::array<CLI::Option*, 7> material_{}, strength_{};
+  std::string material_name_;
+  MaterialLookup lookup_;
   bool json_ = false;
 };
 

@@ -27,14 +27,17 @@ TEST(MaterialsCommand, ListsTheInstalledLibrarySortedCaseBlind) {
 }
 
 TEST(MaterialsCommand, NamedMaterialGivesWhatTypedValuesGive) {
-  for (const std::string command : {"stiffness", "strength --nx -100"}) {
+  for (const std::string command :
+       {"stiffness", "strength --nx -100", "crippling --segment b=20,edge=OEF"}) {
     Json named = Json::parse(run_corvane(command + " --material t300/5208 --json").out);
     const Json typed = Json::parse(
         run_corvane(command + " " + kT300Typed +
                     (command == "stiffness" ? "" : " --f2t 40 --f2c 246 --f12 68") +
                     " --json")
             .out);
-    Json& material = named["input"]["laminate"]["materials"][0];
+    Json& input = named["input"];
+    Json& material = input.contains("material") ? input["material"]
+                                                : input["laminate"]["materials"][0];
     EXPECT_EQ(material["name"], "T300/5208");
     material.erase("name");
     EXPECT_EQ(named, typed) << command;
