@@ -52,6 +52,23 @@ class Ply:
         except TypeError as error:
             raise TypeError(f"a ply material needs real numbers: {error}") from None
 
+    @functools.cached_property
+    def _elastic_address(self) -> int:
+        """The address of the seven 32-bit floats of _elastic, in an array kept
+        with the Ply: the library only reads them, so every call and thread
+        may share it."""
+        array = (c_float * 7).from_buffer_copy(self._elastic)
+        self.__dict__["_elastic_array"] = array  # keeps the array alive
+        return ctypes.addressof(array)
+
+    def __getstate__(self) -> typing.Dict[str, typing.Any]:
+        # An address means nothing in another process (or after a copy): a
+        # pickled or copied Ply makes its own array again.
+        state = dict(self.__dict__)
+        state.pop("_elastic_address", None)
+        state.pop("_elastic_array", None)
+        return state
+
     def _arguments(self) -> typing.List[typing.Any]:
         return _convert.reals(
             self.t, self.E1, self.E2, self.G12, self.nu12, self.CTE1, self.CTE2
@@ -158,18 +175,31 @@ _RESULTS = c_float * 44  # [A], [B], [D], [D*] in column order, then 8 values
 _COUNTS = c_int32 * 3  # symmetric, plies, ierr
 
 
+@functools.lru_cache(maxsize=1024)
+def _layup_text(layup: typing.Union[str, bytes]) -> bytes:
+    # Optimisers call with the same few layups over and over.
+    return _convert.text_argument(layup, _library.LAYUP_LENGTH, "the layup")
+
+
+def _material_addresses(plies: typing.Sequence[Ply]) -> typing.Iterable[int]:
+    """The addresses of the seven values of each ply material, in order."""
+    if len(plies) == 1:
+        first = plies[0]._elastic_address
+        return range(first, first + 28, 4)
+    return [a for p in plies for a in range(p._elastic_address, p._elastic_address + 28, 4)]
+
+
 def _call_stiffness(
     entry: str, ply_materials: typing.Sequence[Ply], layup: typing.Union[str, bytes]
 ) -> "LaminateStiffness":
     # Plain addresses into three arrays: a ctypes object per argument would
     # cost more than the library's own work on a small laminate.
-    values = _VALUES.from_buffer_copy(b"".join(p._elastic for p in ply_materials).ljust(56))
     results, counts = _RESULTS(), _COUNTS()
     cards = create_string_buffer(_library.CARDS_LENGTH)
-    v, r, c = ctypes.addressof(values), ctypes.addressof(results), ctypes.addressof(counts)
+    r, c = ctypes.addressof(results), ctypes.addressof(counts)
     _library.entry_point(entry)(
-        *range(v, v + 28 * len(ply_materials), 4),
-        _convert.text_argument(layup, _library.LAYUP_LENGTH, "the layup"),
+        *_material_addresses(ply_materials),
+        _layup_text(layup) if isinstance(layup, (str, bytes)) else _layup_text.__wrapped__(layup),
         _library.LAYUP_LENGTH,
         c,
         *range(r, r + 144, 36),

@@ -2,6 +2,7 @@
 numpy arrays, errors and their classes, the library search and the version."""
 
 import os
+import pickle
 import subprocess
 import sys
 
@@ -116,3 +117,12 @@ def test_a_missing_library_is_a_library_error(tmp_path):
 
 def test_the_version_is_the_projects():
     assert corvane.__version__ == os.environ.get("CORVANE_VERSION", corvane.__version__)
+
+
+def test_a_ply_sent_to_another_process_keeps_no_address():
+    # The package keeps each Ply's values at an address for the library; a
+    # pickled Ply (as Dask sends it) must make its own again, not reuse it.
+    ply = corvane.Ply(0.125, 135000.0, 10000.0, 5000.0, 0.3)
+    first = corvane.laminate_stiffness(ply, "(0/45)S")
+    again = corvane.laminate_stiffness(pickle.loads(pickle.dumps(ply)), "(0/45)S")
+    assert np.array_equal(first.D, again.D)
