@@ -53,20 +53,19 @@ class Ply:
             raise TypeError(f"a ply material needs real numbers: {error}") from None
 
     @functools.cached_property
-    def _elastic_address(self) -> int:
-        """The address of the seven 32-bit floats of _elastic, in an array kept
-        with the Ply: the library only reads them, so every call and thread
-        may share it."""
+    def _elastic_values(self) -> typing.Tuple[typing.Any, int]:
+        """The seven 32-bit floats of _elastic in an array kept with the Ply,
+        and its address: the library only reads them, so every call and
+        thread may share it. A caller holds the pair for its call, so the
+        array outlives the call even if another thread made its own."""
         array = (c_float * 7).from_buffer_copy(self._elastic)
-        self.__dict__["_elastic_array"] = array  # keeps the array alive
-        return ctypes.addressof(array)
+        return array, ctypes.addressof(array)
 
     def __getstate__(self) -> typing.Dict[str, typing.Any]:
         # An address means nothing in another process (or after a copy): a
         # pickled or copied Ply makes its own array again.
         state = dict(self.__dict__)
-        state.pop("_elastic_address", None)
-        state.pop("_elastic_array", None)
+        state.pop("_elastic_values", None)
         return state
 
     def _arguments(self) -> typing.List[typing.Any]:
@@ -181,12 +180,12 @@ def _layup_text(layup: typing.Union[str, bytes]) -> bytes:
     return _convert.text_argument(layup, _library.LAYUP_LENGTH, "the layup")
 
 
-def _material_addresses(plies: typing.Sequence[Ply]) -> typing.Iterable[int]:
+def _material_addresses(held: typing.Sequence[typing.Tuple[typing.Any, int]]) -> typing.Iterable[int]:
     """The addresses of the seven values of each ply material, in order."""
-    if len(plies) == 1:
-        first = plies[0]._elastic_address
+    if len(held) == 1:
+        first = held[0][1]
         return range(first, first + 28, 4)
-    return [a for p in plies for a in range(p._elastic_address, p._elastic_address + 28, 4)]
+    return [a for _, start in held for a in range(start, start + 28, 4)]
 
 
 def _call_stiffness(
@@ -194,11 +193,12 @@ def _call_stiffness(
 ) -> "LaminateStiffness":
     # Plain addresses into three arrays: a ctypes object per argument would
     # cost more than the library's own work on a small laminate.
+    held = [p._elastic_values for p in ply_materials]  # alive until the call returns
     results, counts = _RESULTS(), _COUNTS()
     cards = create_string_buffer(_library.CARDS_LENGTH)
     r, c = ctypes.addressof(results), ctypes.addressof(counts)
     _library.entry_point(entry)(
-        *_material_addresses(ply_materials),
+        *_material_addresses(held),
         _layup_text(layup) if isinstance(layup, (str, bytes)) else _layup_text.__wrapped__(layup),
         _library.LAYUP_LENGTH,
         c,
