@@ -6,7 +6,7 @@ import ctypes
 import dataclasses
 import functools
 import typing
-from ctypes import byref, c_float, c_int32, create_string_buffer
+from ctypes import byref, c_float, c_int32
 
 import numpy as np
 import numpy.typing as npt
@@ -172,6 +172,8 @@ class LaminateStiffness:
 _VALUES = c_float * 14
 _RESULTS = c_float * 44  # [A], [B], [D], [D*] in column order, then 8 values
 _COUNTS = c_int32 * 3  # symmetric, plies, ierr
+# What create_string_buffer makes, without its wrapper's cost.
+_CARDS = ctypes.c_char * _library.CARDS_LENGTH
 
 
 @functools.lru_cache(maxsize=1024)
@@ -195,7 +197,7 @@ def _call_stiffness(
     # cost more than the library's own work on a small laminate.
     held = [p._elastic_values for p in ply_materials]  # alive until the call returns
     results, counts = _RESULTS(), _COUNTS()
-    cards = create_string_buffer(_library.CARDS_LENGTH)
+    cards = _CARDS()
     r, c = ctypes.addressof(results), ctypes.addressof(counts)
     _library.entry_point(entry)(
         *_material_addresses(held),
