@@ -23,13 +23,13 @@ namespace corvane::cli {
 namespace {
 
 // One segment as written: its layup and the core's segment without laminate.
-struct SegmentSpec {
+struct SegmentInput {
   std::string layup{kDefaultLayup};
   SectionSegment segment;
 };
 
 // A segment written wrongly, with the words saying why.
-struct SpecError {
+struct SegmentError {
   std::string message;
 };
 
@@ -42,21 +42,21 @@ EdgeCondition edge_of(std::string_view text) {
   }
   if (key == "NEF" || key == "2" || key == "NO_EDGE_FREE")
     return EdgeCondition::no_edge_free;
-  throw SpecError{"edge \"" + std::string(text) + "\" is neither OEF nor NEF"};
+  throw SegmentError{"edge \"" + std::string(text) + "\" is neither OEF nor NEF"};
 }
 
 float real_of(std::string_view key, std::string_view text) {
   float value = 0.0f;
   if (std::string why = parse_real(text, value); !why.empty()) {
-    throw SpecError{std::string(key) + ": " + why};
+    throw SegmentError{std::string(key) + ": " + why};
   }
   return value;
 }
 
-void set_field(SegmentSpec& spec, std::string_view key, std::string_view value, bool& b,
+void set_field(SegmentInput& input, std::string_view key, std::string_view value, bool& b,
                bool& edge) {
   const std::string k = normalize_keyword(key);
-  SectionSegment& s = spec.segment;
+  SectionSegment& s = input.segment;
   if (k == "B" || k == "WIDTH") {
     s.width = real_of(key, value);
     b = true;
@@ -64,7 +64,7 @@ void set_field(SegmentSpec& spec, std::string_view key, std::string_view value, 
     s.edge = edge_of(value);
     edge = true;
   } else if (k == "LAYUP") {
-    spec.layup = std::string(value);
+    input.layup = std::string(value);
   } else if (k == "Y") {
     s.y = real_of(key, value);
   } else if (k == "Z") {
@@ -74,15 +74,15 @@ void set_field(SegmentSpec& spec, std::string_view key, std::string_view value, 
   } else if (k == "FCU") {
     s.fcu = real_of(key, value);
   } else {
-    throw SpecError{"unknown key \"" + std::string(key) + "\"; the keys are " +
-                    std::string(kSegmentKeys)};
+    throw SegmentError{"unknown key \"" + std::string(key) + "\"; the keys are " +
+                       std::string(kSegmentKeys)};
   }
 }
 
 // "b=20,edge=OEF,layup=(0/45/-45/90)S,y=10,z=20,angle=0,fcu=500": commas or
 // blanks between the pairs; b and edge are required.
-SegmentSpec segment_spec(std::string_view text) {
-  SegmentSpec spec;
+SegmentInput segment_input(std::string_view text) {
+  SegmentInput input;
   bool b = false, edge = false;
   std::size_t at = 0;
   while (at < text.size()) {
@@ -92,49 +92,49 @@ SegmentSpec segment_spec(std::string_view text) {
     if (pair.empty()) continue;
     const std::size_t equals = pair.find('=');
     if (equals == std::string_view::npos) {
-      throw SpecError{"\"" + std::string(pair) + "\" is not key=value"};
+      throw SegmentError{"\"" + std::string(pair) + "\" is not key=value"};
     }
-    set_field(spec, pair.substr(0, equals), pair.substr(equals + 1), b, edge);
+    set_field(input, pair.substr(0, equals), pair.substr(equals + 1), b, edge);
   }
-  if (!b || !edge) throw SpecError{"a segment needs b= and edge="};
-  return spec;
+  if (!b || !edge) throw SegmentError{"a segment needs b= and edge="};
+  return input;
 }
 
 // A section file: JSON (an array of segment objects, or an object whose
 // "segments" holds one) with the keys of --segment, or text of one segment a
 // line as --segment writes it ('#' begins a comment).
-std::vector<SegmentSpec> read_section(const std::string& path) {
+std::vector<SegmentInput> read_section(const std::string& path) {
   std::ifstream file(path, std::ios::binary);
   std::stringstream buffer;
   buffer << file.rdbuf();
-  if (!file) throw SpecError{"cannot read the section from " + path};
+  if (!file) throw SegmentError{"cannot read the section from " + path};
   const std::string text = buffer.str();
-  std::vector<SegmentSpec> specs;
+  std::vector<SegmentInput> inputs;
   const std::size_t first = text.find_first_not_of(" \t\r\n");
   if (first != std::string::npos && (text[first] == '{' || text[first] == '[')) {
     const Json json = Json::parse(text, nullptr, false);
-    if (json.is_discarded()) throw SpecError{path + ": not valid JSON"};
+    if (json.is_discarded()) throw SegmentError{path + ": not valid JSON"};
     const Json& list =
         json.is_object() && json.contains("segments") ? json["segments"] : json;
-    if (!list.is_array()) throw SpecError{path + ": no array of segments"};
+    if (!list.is_array()) throw SegmentError{path + ": no array of segments"};
     for (std::size_t i = 0; i < list.size(); ++i) {
       const std::string where = path + " segment " + std::to_string(i + 1) + ": ";
-      if (!list[i].is_object()) throw SpecError{where + "not an object"};
-      SegmentSpec spec;
+      if (!list[i].is_object()) throw SegmentError{where + "not an object"};
+      SegmentInput input;
       bool b = false, edge = false;
       try {
         for (const auto& [key, value] : list[i].items()) {
           const std::string v =
               value.is_string() ? value.get<std::string>() : value.dump();
-          set_field(spec, key, v, b, edge);
+          set_field(input, key, v, b, edge);
         }
-        if (!b || !edge) throw SpecError{"a segment needs b and edge"};
-      } catch (const SpecError& e) {
-        throw SpecError{where + e.message};
+        if (!b || !edge) throw SegmentError{"a segment needs b and edge"};
+      } catch (const SegmentError& e) {
+        throw SegmentError{where + e.message};
       }
-      specs.push_back(spec);
+      inputs.push_back(input);
     }
-    return specs;
+    return inputs;
   }
   std::istringstream lines(text);
   std::size_t number = 0;
@@ -143,12 +143,12 @@ std::vector<SegmentSpec> read_section(const std::string& path) {
     line = line.substr(0, line.find('#'));
     if (line.find_first_not_of(" \t\r") == std::string::npos) continue;
     try {
-      specs.push_back(segment_spec(line));
-    } catch (const SpecError& e) {
-      throw SpecError{path + " line " + std::to_string(number) + ": " + e.message};
+      inputs.push_back(segment_input(line));
+    } catch (const SegmentError& e) {
+      throw SegmentError{path + " line " + std::to_string(number) + ": " + e.message};
     }
   }
-  return specs;
+  return inputs;
 }
 
 std::string error_meaning(CripplingError error) {
@@ -201,7 +201,7 @@ class CripplingCommand : public Command {
                      "a segment: b=WIDTH,edge=OEF|NEF[,layup=LAYUP][,y=Y,z=Z,angle=DEG]"
                      "[,fcu=STRESS]; repeat it for each segment")
         ->allow_extra_args(false)
-        ->type_name("SPEC");
+        ->type_name("SEGMENT");
     app_->add_option("--section", section_file_,
                      "read the segments from FILE: one --segment text a line, or JSON "
                      "(an array of objects with the same keys)")
@@ -264,21 +264,21 @@ class CripplingCommand : public Command {
   CLI::App& parser() override { return *app_; }
 
   int run(std::ostream& out, std::ostream& err) override {
-    std::vector<SegmentSpec> specs;
+    std::vector<SegmentInput> inputs;
     Output o("crippling", json_, out, err);
     try {
-      if (!section_file_.empty()) specs = read_section(section_file_);
-    } catch (const SpecError& e) {
+      if (!section_file_.empty()) inputs = read_section(section_file_);
+    } catch (const SegmentError& e) {
       return o.fail_plain(e.message);
     }
     for (const std::string& text : segments_) {
       try {
-        specs.push_back(segment_spec(text));
-      } catch (const SpecError& e) {
+        inputs.push_back(segment_input(text));
+      } catch (const SegmentError& e) {
         throw UsageError{"--segment " + text + ": " + e.message};
       }
     }
-    if (specs.empty()) throw UsageError{"give the segments with --segment or --section"};
+    if (inputs.empty()) throw UsageError{"give the segments with --segment or --section"};
 
     Json& input = o.input();
     const std::int32_t code = criterion_code(criterion_);
@@ -322,7 +322,7 @@ class CripplingCommand : public Command {
     }
 
     std::vector<LAMINATESTRESSED> laminates;
-    laminates.reserve(specs.size());  // the segments point into it
+    laminates.reserve(inputs.size());  // the segments point into it
     CRIPPLINGSECTION section;
     section.criterion = code;
     if (!f12_star_.empty()) section.options.tsai_wu_f12_star = real_value(f12_star_);
@@ -333,26 +333,26 @@ class CripplingCommand : public Command {
     input["column"] = {{"length", json_real(section.column.length)},
                        {"fixity", json_real(section.column.fixity)}};
     Json& segments = input["segments"] = Json::array();
-    for (const SegmentSpec& spec : specs) {
-      const SectionSegment& s = spec.segment;
+    for (const SegmentInput& one : inputs) {
+      const SectionSegment& s = one.segment;
       segments.push_back({{"width", json_real(s.width)},
                           {"edge", edge_condition_name(s.edge)},
-                          {"layup", spec.layup},
+                          {"layup", one.layup},
                           {"y", json_real(s.y)},
                           {"z", json_real(s.z)},
                           {"angle", json_real(s.angle)},
                           {"fcu", json_real(s.fcu)}});
     }
-    for (std::size_t i = 0; i < specs.size(); ++i) {
+    for (std::size_t i = 0; i < inputs.size(); ++i) {
       std::vector<float> angles;
-      if (parse_stacking_sequence(specs[i].layup, angles) != kStackingOk) {
+      if (parse_stacking_sequence(inputs[i].layup, angles) != kStackingOk) {
         return o.fail(
             static_cast<std::int32_t>(CripplingError::laminate_in_error),
             error_meaning(CripplingError::laminate_in_error),
-            "segment " + std::to_string(i + 1) + ": " + layup_problem(specs[i].layup));
+            "segment " + std::to_string(i + 1) + ": " + layup_problem(inputs[i].layup));
       }
       laminates.emplace_back(ply, angles);
-      section.segments.push_back(specs[i].segment);
+      section.segments.push_back(inputs[i].segment);
       section.segments.back().laminate = &laminates.back();
     }
     SectionCrippling r;
@@ -366,32 +366,32 @@ class CripplingCommand : public Command {
     }
 
     std::vector<std::string> warnings;
-    for (std::size_t i = 0; i < specs.size(); ++i) {
-      if (const std::string w = warning_words(r.segments[i], specs[i].segment.edge);
+    for (std::size_t i = 0; i < inputs.size(); ++i) {
+      if (const std::string w = warning_words(r.segments[i], inputs[i].segment.edge);
           !w.empty()) {
         warnings.push_back("segment " + std::to_string(i + 1) + ": " + w + " (" +
-                           std::string(edge_condition_name(specs[i].segment.edge)) +
+                           std::string(edge_condition_name(inputs[i].segment.edge)) +
                            " crippling relation fitted there): result extrapolated");
       }
     }
     for (const std::string& w : warnings) o.warning(w);
-    if (json_) return print_json(o, specs, section, r, warnings);
-    print_text(out, specs, section, r, material, ply);
+    if (json_) return print_json(o, section, r, warnings);
+    print_text(out, inputs, section, r, material, ply);
     return kExitOk;
   }
 
  private:
-  static void print_text(std::ostream& out, const std::vector<SegmentSpec>& specs,
+  static void print_text(std::ostream& out, const std::vector<SegmentInput>& inputs,
                          const CRIPPLINGSECTION& section, const SectionCrippling& r,
                          const PlyMaterial& material, const LAMINA& ply) {
-    out << "Section of " << specs.size() << " segment" << (specs.size() == 1 ? "" : "s")
+    out << "Section of " << inputs.size() << " segment" << (inputs.size() == 1 ? "" : "s")
         << "; Fcu where not given: first-ply failure under compression by "
         << criterion_keyword(section.criterion) << '\n'
         << "Material:   " << material_line(material) << '\n'
         << "Strengths:  " << strength_line(ply) << "\n\n";
     out << " Seg Edge        b        y        z    angle Layup                      t"
            "      b/t          Ex         Fcu Fcu from                    Fcc  Note\n";
-    for (std::size_t i = 0; i < specs.size(); ++i) {
+    for (std::size_t i = 0; i < inputs.size(); ++i) {
       const SectionSegment& s = section.segments[i];
       const SegmentCrippling& c = r.segments[i];
       const std::string from = c.fcu_given
@@ -405,7 +405,7 @@ class CripplingCommand : public Command {
           << format_general(s.width) << std::setw(9) << format_general(s.y)
           << std::setw(9) << format_general(s.z) << std::setw(9)
           << format_general(s.angle) << ' ' << std::left << std::setw(20)
-          << specs[i].layup << std::right << std::setw(7) << format_general(c.thickness)
+          << inputs[i].layup << std::right << std::setw(7) << format_general(c.thickness)
           << std::setw(9) << format_general(c.b_over_t) << std::setw(12)
           << format_general(c.ex) << std::setw(12) << format_general(c.fcu) << ' '
           << std::left << std::setw(22) << from << std::right << std::setw(11)
@@ -433,10 +433,9 @@ class CripplingCommand : public Command {
     print_value(out, "P column", r.column_load, w);
   }
 
-  static int print_json(Output& o, const std::vector<SegmentSpec>& specs,
-                        const CRIPPLINGSECTION& section, const SectionCrippling& r,
+  static int print_json(Output& o, const CRIPPLINGSECTION& section,
+                        const SectionCrippling& r,
                         const std::vector<std::string>& warnings) {
-    (void)specs;
     Json& data = o.results();
     Json& segments = data["segments"] = Json::array();
     for (std::size_t i = 0; i < section.segments.size(); ++i) {
