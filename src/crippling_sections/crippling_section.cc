@@ -1,21 +1,15 @@
 #include "crippling_sections/crippling_section.h"
 
 #include <array>
-#include <charconv>
 #include <cmath>
 
 #include "laminas/criterion_code.h"
 #include "laminates_stressed/laminate_stressed.h"
+#include "util/fixed_width.h"
 #include "util/numerics.h"
 
 namespace corvane {
 namespace {
-
-std::string shortest(float x) {
-  std::array<char, 32> digits{};
-  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), x).ptr;
-  return std::string(digits.data(), end);
-}
 
 bool finite(float x) { return std::isfinite(x); }
 
@@ -48,18 +42,19 @@ CripplingError error_of(StrengthError error) {
 // Why a segment is refused, or an empty text.
 std::string segment_fault(const SectionSegment& s) {
   if (!(s.width > 0.0f) || !finite(s.width)) {
-    return "width " + shortest(s.width) + " is not a positive number";
+    return "width " + shortest_text(s.width) + " is not a positive number";
   }
   if (!finite(s.y) || !finite(s.z) || !finite(s.angle)) {
-    return "centre (" + shortest(s.y) + ", " + shortest(s.z) + ") or angle " +
-           shortest(s.angle) + " is not finite";
+    return "centre (" + shortest_text(s.y) + ", " + shortest_text(s.z) + ") or angle " +
+           shortest_text(s.angle) + " is not finite";
   }
   if (edge_condition_name(s.edge).empty()) {
     return "edge condition " + std::to_string(static_cast<std::int32_t>(s.edge)) +
            " is neither 1 (one edge free) nor 2 (no edge free)";
   }
   if (!(s.fcu >= 0.0f) || !finite(s.fcu)) {
-    return "compression strength " + shortest(s.fcu) + " is not 0 or a positive number";
+    return "compression strength " + shortest_text(s.fcu) +
+           " is not 0 or a positive number";
   }
   return {};
 }
@@ -145,12 +140,13 @@ CripplingStatus CRIPPLINGSECTION::analyse(SectionCrippling& out) const {
   if (segments.empty())
     return refuse(CripplingError::bad_count, 0, "Section has no segment");
   if (!(column.length >= 0.0f) || !finite(column.length)) {
-    return refuse(CripplingError::bad_column, 0,
-                  "Length " + shortest(column.length) + " is not 0 or a positive number");
+    return refuse(
+        CripplingError::bad_column, 0,
+        "Length " + shortest_text(column.length) + " is not 0 or a positive number");
   }
   if (!(column.fixity > 0.0f) || !finite(column.fixity)) {
     return refuse(CripplingError::bad_column, 0,
-                  "End fixity coefficient " + shortest(column.fixity) +
+                  "End fixity coefficient " + shortest_text(column.fixity) +
                       " is not a positive number");
   }
   SectionCrippling r;
@@ -264,9 +260,9 @@ std::string range_warning(const SectionCrippling& result,
     if (c.warning == RangeWarning::none) continue;
     const BtRange range = fitted_range(segments[i].edge);
     return "Warning! Segment " + std::to_string(i + 1) +
-           ": b/t = " + shortest(c.b_over_t) +
+           ": b/t = " + shortest_text(c.b_over_t) +
            (c.warning == RangeWarning::below ? " below" : " above") + " the range " +
-           shortest(range.low) + " to " + shortest(range.high) + " of the " +
+           shortest_text(range.low) + " to " + shortest_text(range.high) + " of the " +
            std::string(edge_condition_name(segments[i].edge)) + " crippling relation.";
   }
   return {};

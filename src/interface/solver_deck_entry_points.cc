@@ -4,7 +4,6 @@
 // buffer and word a refusal as a message.
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -20,6 +19,7 @@
 #include "laminas/lamina.h"
 #include "laminates/stacking_sequence.h"
 #include "laminates_stiffness/laminate_stiffness.h"
+#include "util/fixed_width.h"
 
 namespace corvane {
 namespace {
@@ -45,12 +45,6 @@ struct Outcome {
   std::string deck;
 };
 
-std::string shortest(float x) {
-  std::array<char, 32> digits{};
-  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), x).ptr;
-  return std::string(digits.data(), end);
-}
-
 // Why the material is refused, or an empty text.
 std::string material_fault(const Material& m) {
   std::string fault = lamina_fault(m.t, m.e1, m.e2, m.g12, m.nu12);
@@ -58,7 +52,8 @@ std::string material_fault(const Material& m) {
   const std::array<std::pair<std::string_view, float>, 5> strengths = {
       {{"F1t", m.f1t}, {"F1c", m.f1c}, {"F2t", m.f2t}, {"F2c", m.f2c}, {"F12", m.f12}}};
   for (const auto& [name, value] : strengths) {
-    if (value < 0.0f) return std::string(name) + " = " + shortest(value) + " is negative";
+    if (value < 0.0f)
+      return std::string(name) + " = " + shortest_text(value) + " is negative";
   }
   return {};
 }
@@ -117,9 +112,9 @@ Outcome laminate_deck(std::span<const Material> m, std::string_view layup,
 void run(std::span<const Material> m, const char* layup, std::int32_t crlf, char* deck,
          std::int32_t* length, char* message, std::int32_t* ierr) {
   try {
-    const std::string_view text(layup, CORVANE_STRENGTH_LAYUP_LENGTH);
-    const Outcome outcome = laminate_deck(m, text.substr(0, text.find('\0')),
-                                          crlf == 0 ? LineEnd::lf : LineEnd::crlf);
+    const Outcome outcome =
+        laminate_deck(m, host_text(layup, CORVANE_STRENGTH_LAYUP_LENGTH),
+                      crlf == 0 ? LineEnd::lf : LineEnd::crlf);
     if (outcome.code == kOk) {
       write_text(outcome.deck, deck, CORVANE_SOLVER_DECK_LENGTH);
       *length = static_cast<std::int32_t>(outcome.deck.size());

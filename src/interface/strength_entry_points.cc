@@ -8,7 +8,6 @@
 // a section of laminate segments, one laminate built per segment.
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
@@ -29,6 +28,7 @@
 #include "laminates_stressed/impact_strength.h"
 #include "laminates_stressed/laminate_stressed.h"
 #include "laminates_stressed/notched_strength.h"
+#include "util/fixed_width.h"
 #include "util/keywords.h"
 #include "util/number_reading.h"
 
@@ -68,12 +68,6 @@ struct Results {
   std::int32_t *ply, *surface, *mode;
 };
 
-std::string shortest(float x) {
-  std::array<char, 32> digits{};
-  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), x).ptr;
-  return std::string(digits.data(), end);
-}
-
 // Why the material is refused, or an empty text. The material's own check
 // first; negative strengths are refused here, missing ones (zero, not finite)
 // only by a criterion that needs them.
@@ -83,7 +77,8 @@ std::string material_fault(const Material& m) {
   const std::array<std::pair<std::string_view, float>, 5> strengths = {
       {{"F1t", m.f1t}, {"F1c", m.f1c}, {"F2t", m.f2t}, {"F2c", m.f2c}, {"F12", m.f12}}};
   for (const auto& [name, value] : strengths) {
-    if (value < 0.0f) return std::string(name) + " = " + shortest(value) + " is negative";
+    if (value < 0.0f)
+      return std::string(name) + " = " + shortest_text(value) + " is negative";
   }
   return {};
 }

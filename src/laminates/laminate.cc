@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <cmath>
 #include <cstdint>
 #include <cstring>
@@ -110,12 +109,6 @@ class PlyTermsCache {
   std::array<Key, kCapacity + 1> keys_{};
   std::array<PlyTerms, kCapacity + 1> terms_{};
 };
-
-std::string shortest(float x) {
-  std::array<char, 32> buf{};
-  const auto result = std::to_chars(buf.data(), buf.data() + buf.size(), x);
-  return std::string(buf.data(), result.ptr);
-}
 
 template <typename T, typename Format>
 std::string bracketed(const std::vector<T>& values, Format format) {
@@ -258,7 +251,7 @@ LAMINATE LAMINATE::rotate(float delta_deg) const {
   return LAMINATE(materials, std::move(turned), material_index, name);
 }
 
-std::string LAMINATE::stacking_text() const { return bracketed(angles, shortest); }
+std::string LAMINATE::stacking_text() const { return bracketed(angles, shortest_text); }
 
 void LAMINATE::stacking_text(std::span<char> out) const {
   const std::string text = pad_or_cut(stacking_text(), out.size());

@@ -1,5 +1,7 @@
 #include "util/fixed_width.h"
 
+#include <array>
+#include <charconv>
 #include <cmath>
 #include <cstdio>
 
@@ -80,6 +82,12 @@ std::string pad_or_cut(std::string_view s, std::size_t n) {
   std::string out(s.substr(0, n));
   out.resize(n, ' ');
   return out;
+}
+
+std::string shortest_text(float x) {
+  std::array<char, 32> digits{};
+  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), x).ptr;
+  return std::string(digits.data(), end);
 }
 
 }  // namespace corvane

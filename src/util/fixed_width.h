@@ -28,4 +28,8 @@ std::string_view trim_trailing(std::string_view s);
 // Padded with blanks or cut to exactly n characters.
 std::string pad_or_cut(std::string_view s, std::size_t n);
 
+// The shortest text that reads back as the same float ("0.3", "-1e-07"), for
+// messages that name a value.
+std::string shortest_text(float x);
+
 }  // namespace corvane
