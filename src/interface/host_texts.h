@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
 #include <string_view>
 
@@ -21,6 +22,24 @@ inline void write_text(std::string_view text, char* buffer, std::size_t length) 
   const std::size_t n = std::min(text.size(), length);
   std::memcpy(buffer, text.data(), n);
   std::memset(buffer + n, ' ', length - n);
+}
+
+// Runs an adapter's work, which returns its outcome (`code`, `message`), and
+// writes the code and the message of `message_length` characters. No exception
+// leaves: one can only be an exhausted memory, met before any result was
+// written, and its message is written from a literal, as nothing more can be
+// allocated.
+template <typename Work>
+void write_outcome(Work work, char* message, std::size_t message_length,
+                   std::int32_t* ierr, std::int32_t out_of_memory) {
+  try {
+    const auto outcome = work();
+    write_text(outcome.message, message, message_length);
+    *ierr = outcome.code;
+  } catch (...) {
+    write_text("Error! Out of memory.", message, message_length);
+    *ierr = out_of_memory;
+  }
 }
 
 }  // namespace corvane

@@ -108,24 +108,21 @@ Outcome laminate_deck(std::span<const Material> m, std::string_view layup,
   return {kOk, {}, std::move(deck.text)};
 }
 
-// Runs the deck and writes its outcome: no exception leaves here.
+// Runs the deck and writes its outcome.
 void run(std::span<const Material> m, const char* layup, std::int32_t crlf, char* deck,
          std::int32_t* length, char* message, std::int32_t* ierr) {
-  try {
-    const Outcome outcome =
-        laminate_deck(m, host_text(layup, CORVANE_STRENGTH_LAYUP_LENGTH),
-                      crlf == 0 ? LineEnd::lf : LineEnd::crlf);
-    if (outcome.code == kOk) {
-      write_text(outcome.deck, deck, CORVANE_SOLVER_DECK_LENGTH);
-      *length = static_cast<std::int32_t>(outcome.deck.size());
-    }
-    write_text(outcome.message, message, CORVANE_STRENGTH_MESSAGE_LENGTH);
-    *ierr = outcome.code;
-  } catch (...) {
-    // Only an exhausted memory gets here, before anything was written.
-    write_text("Error! Out of memory.", message, CORVANE_STRENGTH_MESSAGE_LENGTH);
-    *ierr = kOutOfMemory;
-  }
+  write_outcome(
+      [&] {
+        Outcome outcome =
+            laminate_deck(m, host_text(layup, CORVANE_STRENGTH_LAYUP_LENGTH),
+                          crlf == 0 ? LineEnd::lf : LineEnd::crlf);
+        if (outcome.code == kOk) {
+          write_text(outcome.deck, deck, CORVANE_SOLVER_DECK_LENGTH);
+          *length = static_cast<std::int32_t>(outcome.deck.size());
+        }
+        return outcome;
+      },
+      message, CORVANE_STRENGTH_MESSAGE_LENGTH, ierr, kOutOfMemory);
 }
 
 }  // namespace

@@ -280,19 +280,13 @@ Outcome section_crippling(const CripplingIn& in, const CripplingOut& out) {
 void run(std::span<const Material> m, const char* layup, const char* criterion,
          const float* options, std::int32_t ncases, const float* loads,
          const Results& out, char* message, std::int32_t* ierr) {
-  try {
-    const Outcome outcome =
-        laminate_strength(m, host_text(layup, CORVANE_STRENGTH_LAYUP_LENGTH),
-                          host_text(criterion, CORVANE_STRENGTH_CRITERION_LENGTH),
-                          options, ncases, loads, out);
-    write_text(outcome.message, message, CORVANE_STRENGTH_MESSAGE_LENGTH);
-    *ierr = outcome.code;
-  } catch (...) {
-    // Only an exhausted memory can get here, before any result was written; the
-    // message is written from a literal, as nothing more can be allocated.
-    write_text("Error! Out of memory.", message, CORVANE_STRENGTH_MESSAGE_LENGTH);
-    *ierr = kOutOfMemory;
-  }
+  write_outcome(
+      [&] {
+        return laminate_strength(m, host_text(layup, CORVANE_STRENGTH_LAYUP_LENGTH),
+                                 host_text(criterion, CORVANE_STRENGTH_CRITERION_LENGTH),
+                                 options, ncases, loads, out);
+      },
+      message, CORVANE_STRENGTH_MESSAGE_LENGTH, ierr, kOutOfMemory);
 }
 
 // The material of the notched and impact entry points: the constants, the
@@ -411,19 +405,6 @@ Outcome impact_strength(const KeyedMaterial& k, std::string_view layup,
   return {code_of(status.error), status.message()};
 }
 
-// Writes an outcome; no exception leaves here.
-template <typename Call>
-void run_keyed(Call call, char* message, std::int32_t* ierr) {
-  try {
-    const Outcome outcome = call();
-    write_text(outcome.message, message, CORVANE_STRENGTH_MESSAGE_LENGTH);
-    *ierr = outcome.code;
-  } catch (...) {
-    write_text("Error! Out of memory.", message, CORVANE_STRENGTH_MESSAGE_LENGTH);
-    *ierr = kOutOfMemory;
-  }
-}
-
 }  // namespace
 }  // namespace corvane
 
@@ -500,15 +481,8 @@ CORVANE_STRENGTH_API void SECTION_CRIPPLING(
   const CripplingOut out{thickness,     ex,          fcu_used,    fcc, warning,
                          area,          ea,          fcc_section, pcc, rho,
                          column_stress, column_load, column_mode};
-  try {
-    const Outcome outcome = section_crippling(in, out);
-    write_text(outcome.message, message, CORVANE_STRENGTH_MESSAGE_LENGTH);
-    *ierr = outcome.code;
-  } catch (...) {
-    // As in run(): only an exhausted memory, before any result was written.
-    write_text("Error! Out of memory.", message, CORVANE_STRENGTH_MESSAGE_LENGTH);
-    *ierr = kOutOfMemory;
-  }
+  write_outcome([&] { return section_crippling(in, out); }, message,
+                CORVANE_STRENGTH_MESSAGE_LENGTH, ierr, kOutOfMemory);
 }
 
 CORVANE_STRENGTH_API void NOTCHED_LAMINATE_STRENGTH(
@@ -533,13 +507,13 @@ CORVANE_STRENGTH_API void NOTCHED_LAMINATE_STRENGTH(
                            *tension_allowable,
                            *compression_allowable,
                            host_text(properties, CORVANE_STRENGTH_PROPERTIES_LENGTH)};
-  run_keyed(
+  write_outcome(
       [&] {
         return notched_strength(m, host_text(layup, CORVANE_STRENGTH_LAYUP_LENGTH),
                                 host_text(check, CORVANE_STRENGTH_CRITERION_LENGTH),
                                 *hole_diameter, *ncases, loads, fastener_loads, rf);
       },
-      message, ierr);
+      message, CORVANE_STRENGTH_MESSAGE_LENGTH, ierr, kOutOfMemory);
 }
 
 CORVANE_STRENGTH_API void IMPACT_LAMINATE_STRENGTH(
@@ -564,13 +538,13 @@ CORVANE_STRENGTH_API void IMPACT_LAMINATE_STRENGTH(
                            *tension_allowable,
                            *compression_allowable,
                            host_text(properties, CORVANE_STRENGTH_PROPERTIES_LENGTH)};
-  run_keyed(
+  write_outcome(
       [&] {
         return impact_strength(m, host_text(layup, CORVANE_STRENGTH_LAYUP_LENGTH),
                                host_text(damage_model, CORVANE_STRENGTH_MODEL_LENGTH),
                                *unit_factor, *energy, *ncases, loads, rf);
       },
-      message, ierr);
+      message, CORVANE_STRENGTH_MESSAGE_LENGTH, ierr, kOutOfMemory);
 }
 
 }  // extern "C"
