@@ -41,6 +41,22 @@ def bare_plate_loads(D):
 
 
 def bare_stiffness():
+    """The call the package makes, LAMINATE_STIFFNESS_PACKED, bare."""
+    entry = _library.entry_point("LAMINATE_STIFFNESS_PACKED")
+    count = c_int32(1)
+    values = (c_float * 7)(*(getattr(TAPE, n) for n in ("t", "E1", "E2", "G12", "nu12", "CTE1", "CTE2")))
+    results, counts = (c_float * 44)(), (c_int32 * 3)()
+    cards = create_string_buffer(_library.CARDS_LENGTH)
+    r, c = addressof(results), addressof(counts)
+    arguments = [addressof(count), addressof(values), LAYUP.encode().ljust(_library.LAYUP_LENGTH),
+                 _library.LAYUP_LENGTH, r, c, cards, _library.CARDS_LENGTH, c + 8]
+    keep = (count, values, results, counts)  # the arrays outlive the calls
+    return lambda keep=keep: entry(*arguments)
+
+
+def bare_stiffness_of_corvane_h():
+    """LAMINATE_STIFFNESS of corvane.h, bare: its thirty arguments each cost
+    ctypes a conversion."""
     entry = _library.entry_point("LAMINATE_STIFFNESS")
     values = (c_float * 7)(*(getattr(TAPE, n) for n in ("t", "E1", "E2", "G12", "nu12", "CTE1", "CTE2")))
     results, counts = (c_float * 44)(), (c_int32 * 3)()
@@ -66,6 +82,8 @@ def main():
         p, b = per_call(package, number), per_call(bare, number)
         print(f"{name}: package {p * 1e6:.2f} us, bare ctypes {b * 1e6:.2f} us, "
               f"difference {(p - b) * 1e6:.2f} us")
+    thirty = per_call(bare_stiffness_of_corvane_h(), 2000)
+    print(f"LAMINATE_STIFFNESS of corvane.h, bare ctypes: {thirty * 1e6:.2f} us")
 
     rng = np.random.default_rng(1)
     n = 1_000_000

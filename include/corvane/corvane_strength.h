@@ -520,6 +520,31 @@ CORVANE_STRENGTH_API void STRAINS_IN_PLANE_MANY(
     float* eps_y, float* gamma_xy, float* eps_p45, float* eps_m45, int32_t* codes,
     int32_t* ierr);
 
+/*
+ * LAMINATE_STIFFNESS_PACKED: LAMINATE_STIFFNESS (one ply material) or
+ * BI_MATERIAL_LAMINATE_STIFFNESS (two) of corvane.h, its arguments packed in
+ * a few arrays, for hosts that pay for every argument they pass. The results
+ * are bit for bit those of the entry point of corvane.h, and a refusal leaves
+ * the outputs as that entry point leaves them.
+ *
+ * materials              1 or 2
+ * constants              7 floats per material: t, E1, E2, G12, nu12, CTE1,
+ *                        CTE2 (a ply written "45." is of the second)
+ * layup, layup_length    stacking sequence, 1000 characters
+ * results                out, 44 floats: [A], [B], [D], [D*] (9 each, in
+ *                        the order of corvane.h), h, Ex, Ey, Gxy, nuxy,
+ *                        alphax, alphay, alphaxy
+ * counts                 out, 2 integers: the symmetric flag (-1 or 0) and
+ *                        the number of plies
+ * cards, cards_length    out: the bulk data cards, 10000 characters
+ * ierr                   out: the codes of the entry point of corvane.h;
+ *                        3 materials neither 1 nor 2 (nothing else written)
+ */
+CORVANE_STRENGTH_API void LAMINATE_STIFFNESS_PACKED(
+    const int32_t* materials, const float* constants, const char* layup,
+    int64_t layup_length, float* results, int32_t* counts, char* cards,
+    int64_t cards_length, int32_t* ierr);
+
 #ifdef __cplusplus
 }
 #endif

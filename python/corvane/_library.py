@@ -189,6 +189,8 @@ _PROTOTYPES: typing.Dict[str, typing.List[typing.Any]] = {
     "PLATE_BUCKLING_RF_MANY": [c_void_p] * 10,
     "SHELL_BUCKLING_LOADS_MANY": [c_void_p] * 12,
     "STRAINS_IN_PLANE_MANY": [c_void_p] * 16,
+    "LAMINATE_STIFFNESS_PACKED": [c_void_p, c_void_p, c_char_p, c_int64, c_void_p, c_void_p]
+    + [c_char_p, c_int64, c_void_p],
 }
 # The keyed material of the notched and impact entry points: constants,
 # allowables, the property text; then layup and check or model texts.
@@ -211,6 +213,7 @@ _STRENGTH_ENTRY_POINTS = {
     "PLATE_BUCKLING_RF_MANY",
     "SHELL_BUCKLING_LOADS_MANY",
     "STRAINS_IN_PLANE_MANY",
+    "LAMINATE_STIFFNESS_PACKED",
 }
 
 

@@ -5,6 +5,7 @@ LAMINATE_STRAINS_IN_PLANE entry points."""
 import ctypes
 import dataclasses
 import functools
+import struct
 import typing
 from ctypes import byref, c_float, c_int32
 
@@ -169,11 +170,16 @@ class LaminateStiffness:
         return solver_deck(self.materials, self.layup, crlf=crlf)
 
 
-_VALUES = c_float * 14
-_RESULTS = c_float * 44  # [A], [B], [D], [D*] in column order, then 8 values
-_COUNTS = c_int32 * 3  # symmetric, plies, ierr
+# One buffer for what LAMINATE_STIFFNESS_PACKED writes: [A], [B], [D], [D*] in
+# column order and 8 values (floats), then the symmetric flag, the ply count and
+# the error code (32-bit integers).
+_RESULTS = c_float * 47
+_TAIL = struct.Struct("=8f3i")  # from byte 144: h .. alphaxy, flag, plies, ierr
 # What create_string_buffer makes, without its wrapper's cost.
 _CARDS = ctypes.c_char * _library.CARDS_LENGTH
+# The material counts the entry point reads (never writes), by address.
+_ONE, _TWO = c_int32(1), c_int32(2)
+_MATERIAL_COUNT = {1: ctypes.addressof(_ONE), 2: ctypes.addressof(_TWO)}
 
 
 @functools.lru_cache(maxsize=1024)
@@ -182,44 +188,42 @@ def _layup_text(layup: typing.Union[str, bytes]) -> bytes:
     return _convert.text_argument(layup, _library.LAYUP_LENGTH, "the layup")
 
 
-def _material_addresses(held: typing.Sequence[typing.Tuple[typing.Any, int]]) -> typing.Iterable[int]:
-    """The addresses of the seven values of each ply material, in order."""
-    if len(held) == 1:
-        first = held[0][1]
-        return range(first, first + 28, 4)
-    return [a for _, start in held for a in range(start, start + 28, 4)]
-
-
 def _call_stiffness(
     entry: str, ply_materials: typing.Sequence[Ply], layup: typing.Union[str, bytes]
 ) -> "LaminateStiffness":
-    # Plain addresses into three arrays: a ctypes object per argument would
-    # cost more than the library's own work on a small laminate.
-    held = [p._elastic_values for p in ply_materials]  # alive until the call returns
-    results, counts = _RESULTS(), _COUNTS()
-    cards = _CARDS()
-    r, c = ctypes.addressof(results), ctypes.addressof(counts)
-    _library.entry_point(entry)(
-        *_material_addresses(held),
+    # The packed entry point takes nine arguments where the one of corvane.h
+    # takes thirty: ctypes' conversion of each would cost more than the
+    # library's own work on a small laminate.
+    held: typing.Any  # the constants, alive until the call returns
+    if len(ply_materials) == 1:
+        held, constants = ply_materials[0]._elastic_values
+    else:
+        held = (c_float * 14).from_buffer_copy(b"".join(p._elastic for p in ply_materials))
+        constants = ctypes.addressof(held)
+    results, cards = _RESULTS(), _CARDS()
+    r = ctypes.addressof(results)
+    _library.entry_point("LAMINATE_STIFFNESS_PACKED")(
+        _MATERIAL_COUNT[len(ply_materials)],
+        constants,
         _layup_text(layup) if isinstance(layup, (str, bytes)) else _layup_text.__wrapped__(layup),
         _library.LAYUP_LENGTH,
-        c,
-        *range(r, r + 144, 36),
-        *range(r + 144, r + 176, 4),
-        c + 4,
+        r,
+        r + 176,
         cards,
         _library.CARDS_LENGTH,
-        c + 8,
+        r + 184,
     )
-    code = counts[2]
+    raw = bytes(results)
+    h, ex, ey, gxy, nuxy, alphax, alphay, alphaxy, symmetric, plies, code = _TAIL.unpack_from(
+        raw, 144
+    )
     if code != 0:
         text = layup if isinstance(layup, str) else bytes(layup).decode("latin-1")
         meaning = _STIFFNESS_ERRORS.get(code, "undocumented error code")
         raise CorvaneError(entry, code, f"{meaning}; the layup is {text.strip()!r}")
     # The four matrices read-only over one copy of the results, each read in
     # column order through its strides.
-    a, b, d, dstar = np.ndarray((4, 3, 3), np.float32, bytes(results), 0, (36, 4, 12))
-    h, ex, ey, gxy, nuxy, alphax, alphay, alphaxy = results[36:]
+    a, b, d, dstar = np.ndarray((4, 3, 3), np.float32, raw, 0, (36, 4, 12))
     # Made without the frozen class's __init__, whose checked assignment of
     # each field costs more than the rest of the result.
     result = object.__new__(LaminateStiffness)
@@ -236,8 +240,8 @@ def _call_stiffness(
         alphax=alphax,
         alphay=alphay,
         alphaxy=alphaxy,
-        plies=counts[1],
-        symmetric=counts[0] != 0,
+        plies=plies,
+        symmetric=symmetric != 0,
         card_buffer=cards,
         materials=tuple(ply_materials),
         layup=layup,

@@ -5,7 +5,8 @@
 
 corvane_module(strength_interface SOURCES strength_entry_points.cc
                material_entry_points.cc solver_deck_entry_points.cc many_entry_points.cc
-               DEPENDS laminates_stressed crippling_sections material_files cards buckling
+               packed_stiffness_entry_point.cc
+               DEPENDS laminate_stiffness_call laminates_stressed crippling_sections material_files cards buckling
                        plane_stresses_strains)
 
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS strength_exports.txt)
@@ -27,6 +28,7 @@ list(REMOVE_ITEM strength_modules interface)
 foreach(module IN LISTS strength_modules)
   target_sources(corvane_strength PRIVATE $<TARGET_OBJECTS:corvane_${module}>)
 endforeach()
+target_sources(corvane_strength PRIVATE $<TARGET_OBJECTS:corvane_laminate_stiffness_call>)
 target_include_directories(corvane_strength PUBLIC
   $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include>
   $<BUILD_INTERFACE:${PROJECT_BINARY_DIR}/include>
@@ -56,7 +58,8 @@ if(CORVANE_BUILD_TESTS AND NOT WIN32)
   corvane_add_test(strength_interface_test strength_entry_points_test.cc
                    material_entry_points_test.cc solver_deck_entry_points_test.cc
                    notched_entry_points_test.cc many_entry_points_test.cc
-                   LIBS laminates_stressed cards crippling_sections)
+                   packed_stiffness_entry_point_test.cc
+                   LIBS laminates_stressed cards crippling_sections interface)
   target_link_libraries(strength_interface_test PRIVATE ${CMAKE_DL_LIBS})
   target_compile_definitions(strength_interface_test PRIVATE
                              CORVANE_LIBRARY="$<TARGET_FILE:corvane_strength>"
@@ -65,7 +68,7 @@ if(CORVANE_BUILD_TESTS AND NOT WIN32)
 
   add_test(NAME strength_interface_exported_symbols
            COMMAND ${CMAKE_COMMAND} -DLIBRARY=$<TARGET_FILE:corvane_strength>
-                   -DEXPORTS=${CMAKE_CURRENT_SOURCE_DIR}/strength_exports.txt -DCOUNT=13
+                   -DEXPORTS=${CMAKE_CURRENT_SOURCE_DIR}/strength_exports.txt -DCOUNT=14
                    -P ${CMAKE_CURRENT_SOURCE_DIR}/exported_symbols_test.cmake)
   set_tests_properties(strength_interface_exported_symbols PROPERTIES
                        SKIP_REGULAR_EXPRESSION "nm not found: skipped")
