@@ -113,7 +113,7 @@ def polar(laminate: LaminateStiffness, step: int = 1) -> "Figure":
     ax = fig.add_subplot(projection="polar")
     ax.plot(np.radians(theta), [t.Ex for t in turned], label="Ex")
     ax.plot(np.radians(theta), [t.Gxy for t in turned], label="Gxy")
-    ax.set_title(f"{_layup_name(laminate)}: apparent moduli along each direction")
+    ax.set_title(f"{_layup_name(laminate)}\napparent moduli along each direction")
     ax.legend(loc="lower left", bbox_to_anchor=(-0.1, -0.1))
     return fig
 
@@ -205,7 +205,9 @@ def through_thickness(laminate: LaminateStiffness, load: typing.Any) -> "Figure"
             ax.axhline(boundary, color="0.8", linewidth=0.5, zorder=0)
         ax.axvline(0.0, color="0.5", linewidth=0.5)
         ax.set_xlabel(_COMPONENTS[i])
-        ax.ticklabel_format(axis="x", style="sci", scilimits=(-3, 4))
+        # strains always scaled (x 1e-3 and so on), stresses when large
+        ax.ticklabel_format(axis="x", style="sci", scilimits=(0, 0) if i < 3 else (-3, 4))
+        ax.locator_params(axis="x", nbins=5)
     for ax in axes[:, 0]:
         ax.set_ylabel("z")
     if len(z) <= 40:  # the ply angles, right of the panels, where they can be read
