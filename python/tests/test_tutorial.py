@@ -1,0 +1,34 @@
+"""docs/tutorial.md quotes examples/python/wing_panel.py: the script is run,
+and each results table it writes stands in the tutorial as written, and each
+picture the tutorial shows is one it makes."""
+
+import os
+import pathlib
+import re
+import subprocess
+import sys
+
+import pytest
+
+pytest.importorskip("matplotlib", reason="Debian: python3-matplotlib (scripts/setup)")
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+TABLE = re.compile(r"<!-- wing_panel\.py: (\w+) -->\n.*?<!-- end -->", re.S)
+
+
+def tables(text):
+    return {m.group(1): m.group(0) for m in TABLE.finditer(text)}
+
+
+def test_the_tutorial_quotes_what_its_script_computes_and_draws(tmp_path):
+    results = tmp_path / "results.md"
+    script = ROOT / "examples" / "python" / "wing_panel.py"
+    subprocess.run([sys.executable, str(script), "--images", str(tmp_path), "--results",
+                    str(results)], check=True, env={**os.environ, "MPLBACKEND": "Agg"})
+    tutorial = (ROOT / "docs" / "tutorial.md").read_text()
+    made = tables(results.read_text())
+    assert "governing" in made and tables(tutorial) == made
+    pictures = re.findall(r"\(images/(tutorial-\w+\.png)\)", tutorial)
+    assert len(pictures) == 4
+    for picture in pictures:
+        assert (tmp_path / picture).stat().st_size > 0 and (ROOT / "docs" / "images" / picture).is_file()
