@@ -1,6 +1,5 @@
-"""docs/tutorial.md quotes examples/python/wing_panel.py: the script is run,
-and each results table it writes stands in the tutorial as written, and each
-picture the tutorial shows is one it makes."""
+"""docs/tutorial.md quotes examples/python/wing_panel.py: its tables as the
+script writes them, its pictures as the script draws them."""
 
 import os
 import pathlib
@@ -21,10 +20,9 @@ def tables(text):
 
 
 def test_the_tutorial_quotes_what_its_script_computes_and_draws(tmp_path):
-    results = tmp_path / "results.md"
-    script = ROOT / "examples" / "python" / "wing_panel.py"
-    subprocess.run([sys.executable, str(script), "--images", str(tmp_path), "--results",
-                    str(results)], check=True, env={**os.environ, "MPLBACKEND": "Agg"})
+    script, results = ROOT / "examples" / "python" / "wing_panel.py", tmp_path / "results.md"
+    subprocess.run([sys.executable, script, "--images", tmp_path, "--results", results],
+                   check=True, env={**os.environ, "MPLBACKEND": "Agg"})
     tutorial = (ROOT / "docs" / "tutorial.md").read_text()
     made = tables(results.read_text())
     assert "governing" in made and tables(tutorial) == made
