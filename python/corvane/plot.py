@@ -102,8 +102,7 @@ def polar(laminate: LaminateStiffness, step: int = 1) -> "Figure":
     The value at theta is the library's Ex (and Gxy) of the laminate turned by
     -theta: every ply angle less theta, the laminate recomputed, exactly as
     the library turns a laminate, so theta = 0 gives laminate.Ex to the bit.
-    A laminate of two materials needs a whole-degree step (its second
-    material's plies are written as whole degrees).
+    Whole degrees keep the second material's plies (written "45.") writable.
     """
     if int(step) != step or not 0 < step <= 360:
         raise ValueError(f"step must be a whole number of degrees in 1 .. 360, not {step}")
