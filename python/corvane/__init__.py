@@ -19,11 +19,16 @@ computed by the Corvane shared libraries in single precision.
     t300 = corvane.Material.load("T300/5208")   # from the material data files
     names = corvane.materials()
 
+    corvane.plot.polar(laminate).savefig("polar.png")   # pictures, by matplotlib
+
 The library is found through the environment variable CORVANE_LIBRARY (a
 path), next to this package, or on the system's library path; the strength
 library (corvane_strength) through CORVANE_STRENGTH_LIBRARY, else beside the
 first when CORVANE_LIBRARY names it, else likewise.
 """
+
+import importlib
+import typing
 
 from . import _version
 from ._library import (
@@ -75,6 +80,15 @@ from .strength import (
 )
 
 __version__ = _version.version()
+
+
+def __getattr__(name: str) -> typing.Any:
+    # corvane.plot is imported on first use: `python3 -m corvane.plot` runs it
+    # as a script, which must not find it imported already.
+    if name == "plot":
+        return importlib.import_module(".plot", __name__)
+    raise AttributeError(f"module {__name__!r} has no attribute {name!r}")
+
 
 __all__ = [
     "CARDS_LENGTH",
