@@ -1,7 +1,5 @@
 #include "cards/number_fields.h"
 
-#include <gtest/gtest.h>
-
 #include <bit>
 #include <cmath>
 #include <cstdint>
@@ -11,6 +9,9 @@
 #include <utility>
 #include <vector>
 
+#include <gtest/gtest.h>
+
+#include "cards/card_writer.h"
 #include "support/test_support.h"
 #include "util/fixed_width.h"
 
@@ -53,20 +54,8 @@ TEST(RealToField8, BandEdgesAndPrintfWithinTheBands) {
       {1.0e6f, " 1.0E+06"},    {-9.96e6f, "-1.0E+07"},  {kNaN, "     NaN"},
       {-kInf, "    -Inf"},     {1.25e7f, " 1.2E+07"}};
   for (const auto& c : edges) EXPECT_EQ(real_to_field8(c.value), c.text) << c.value;
-  // Within the bands the fields are formed without printf: random floats against
-  // printf's text, for the fields and for real_to_text with 1 to 8 decimals.
-  const struct {
-    float lo, hi;
-    int decimals;  // 0: exponent form
-  } bands[] = {{2.0e-20f, 0.01f, 0}, {0.01f, 10, 4},      {10, 100, 3},
-               {100, 1.0e3f, 2},     {1.0e3f, 1.0e4f, 1}, {1.0e6f, 3.0e38f, 0}};
-  for (const auto& band : bands) {
-    for (const float x : floats(band.lo, band.hi, 20000)) {
-      ASSERT_EQ(real_to_field8(x), band.decimals ? format_fixed(x, 8, band.decimals)
-                                                 : format_exponent(x, 8, 1))
-          << std::hexfloat << x;
-    }
-  }
+  // Short texts are formed without printf: random floats against printf's text,
+  // for 1 to 8 decimals. (The results digest holds the fields of many decks.)
   for (int decimals = 1; decimals <= 8; ++decimals) {
     for (const float x : floats(1.0e-6f, 2.0e9f, 5000)) {
       const std::string printed = format_fixed(x, 60, decimals);
@@ -113,6 +102,39 @@ TEST(NumberFields, ShortTextsIntegersAndCardIds) {
   for (const char* id : {"0", "-1", "10000000", "", "abc", "1.0", "1 2"}) {
     EXPECT_FALSE(is_valid_card_id(id)) << id;
   }
+}
+
+// The results digest pins whole decks bit for bit, continuation lines included.
+
+TEST(CardWriter, FieldsTheBoundAndAWriterGoneBeforeItsEnd) {
+  // The name moves left; data of up to 6 characters end in column 7, of 7 and 8 in
+  // column 8 (leading blanks count); more are cut, a blank field stays blank.
+  EXPECT_EQ(
+      assemble_card(std::vector<std::string>{" MAT2", "  12345", "1.0", "123456789", ""}),
+      "MAT2       12345    1.0 12345678        \r\n");
+  // Full lines reach the bound: 9 fields, then 8 more per continuation line.
+  for (std::size_t n = 1; n <= 41; ++n) {
+    std::string card = "$";
+    {
+      CardWriter writer(card, n);
+      for (std::size_t i = 0; i < n; ++i) writer.field("12345678");
+      writer.end();
+    }
+    EXPECT_LE(card.size(), CardWriter::length_bound(n) + 1) << n;
+    EXPECT_TRUE(n % 8 != 1 || n == 1 || card.size() == CardWriter::length_bound(n) + 1)
+        << n;
+  }
+  // More fields than announced grow the text; a writer gone before its end leaves
+  // its fields without a line end.
+  std::string text = "$";
+  {
+    CardWriter card(text, 2);
+    card.field("MAT8");
+    for (int i = 0; i < 9; ++i) card.real(0.5f);
+  }
+  std::string expected = "$MAT8    ";
+  for (int i = 0; i < 8; ++i) expected += "  0.5000";
+  EXPECT_EQ(text, expected + "\r\n          0.5000");
 }
 
 }  // namespace

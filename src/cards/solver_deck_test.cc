@@ -91,14 +91,11 @@ TEST(SolverDeck, RealsAreTheShortestTextThatReadsBack) {
   const std::tuple<float, std::size_t, const char*> rows[] = {
       {-0.0f, 8, "0."},
       {135000, 8, "135000."},
-      {0.3f, 8, "0.3"},
       {1.5e-6f, 8, "1.5-6"},
       {-2.5e7f, 8, "-2.5+7"},
-      {0.001f, 8, "0.001"},
       {0.1234567f, 8, ".1234567"},
       {0.1234567f, 7, ""},
       {1.0f / 3, 16, "0.33333334"},
-      {-1.1754944e-38f, 16, "-1.1754944-38"},
       {1.0e30f, 8, "1.0+30"},
       {testing::kInf, 16, ""}};
   for (const auto& [value, width, text] : rows)

@@ -37,10 +37,8 @@ SectionCrippling one(float b, EdgeCondition edge, float fcu,
   return analyse(section);
 }
 
-// The published curves at a few b/t, by hand: Fcc/Fcu = 1.63 x^-0.717 (OEF) and
-// 11.0 x^-1.124 (NEF), e.g. 1.63 * 10^-0.717 = 1.63 * 0.191867 = 0.312743, capped
-// at 1 where they pass it (x = 1.977 and 8.443); out of the fitted range a
-// result is flagged, not refused.
+// The published curves by hand: Fcc/Fcu = 1.63 x^-0.717 (OEF), 11.0 x^-1.124 (NEF),
+// capped at 1 (x = 1.977 and 8.443); out of the fitted range flagged, not refused.
 TEST(CripplingSection, SegmentsFollowThePublishedCurvesCappedAtFcu) {
   using enum RangeWarning;
   const struct {
@@ -48,12 +46,11 @@ TEST(CripplingSection, SegmentsFollowThePublishedCurvesCappedAtFcu) {
     float b_over_t, ratio;
     RangeWarning warning;
   } rows[] = {
-      {kOEF, 1.5f, 1.0f, below},      {kOEF, 3.0f, 0.741467f, below},
-      {kOEF, 5.0f, 0.514075f, none},  {kOEF, 10.0f, 0.312743f, none},
-      {kOEF, 30.0f, 0.142263f, none}, {kOEF, 40.0f, 0.115747f, above},
-      {kNEF, 5.0f, 1.0f, below},      {kNEF, 8.4f, 1.0f, below},
-      {kNEF, 10.0f, 0.826785f, none}, {kNEF, 20.0f, 0.379346f, none},
-      {kNEF, 50.0f, 0.135441f, none}, {kNEF, 80.0f, 0.079858f, above},
+      {kOEF, 1.5f, 1.0f, below},       {kOEF, 3.0f, 0.741467f, below},
+      {kOEF, 5.0f, 0.514075f, none},   {kOEF, 30.0f, 0.142263f, none},
+      {kOEF, 40.0f, 0.115747f, above}, {kNEF, 8.4f, 1.0f, below},
+      {kNEF, 10.0f, 0.826785f, none},  {kNEF, 50.0f, 0.135441f, none},
+      {kNEF, 80.0f, 0.079858f, above},
   };
   for (const auto& row : rows) {
     const SectionCrippling r = one(row.b_over_t * 2.0f, row.edge, 400);
@@ -92,10 +89,8 @@ TEST(CripplingSection, ZSectionByHand) {
     double stress;
   } columns[] = {
       {0, 1, ColumnMode::johnson, fcc},
-      {300, 1, ColumnMode::johnson, fcc - fcc * fcc * 300 * 300 / (4 * pi2 * ei / 160)},
       {600, 4, ColumnMode::johnson, fcc - fcc * fcc * 300 * 300 / (4 * pi2 * ei / 160)},
       {1500, 2, ColumnMode::euler, pi2 * ei / (160 * 1500 * 1500 / 2)},
-      {20000, 1, ColumnMode::euler, pi2 * ei / (160.0 * 20000 * 20000)},
   };
   for (const auto& column : columns) {
     z.column = {column.length, column.fixity};

@@ -8,6 +8,9 @@
 
 #include "util/number_reading.h"
 
+// The results digest reads random layups (groups, counts, marks, second-material
+// plies, too many plies) through the stiffness; these tests pin the rest of the
+// syntax and the ply limit.
 namespace corvane {
 namespace {
 
@@ -35,24 +38,20 @@ TEST(StackingSequence, AcceptedTexts) {
     Angles angles;
     Materials materials;
   } cases[] = {
-      {"(0/90)", {0, 90}, {1, 1}},
-      {"(0/90)2", {0, 90, 0, 90}, {1, 1, 1, 1}},
-      {"(0/45/90)S", {0, 45, 90, 90, 45, 0}, {1, 1, 1, 1, 1, 1}},
       {"(0/45/90)$", {0, 45, 90, 45, 0}, {1, 1, 1, 1, 1}},
       {"(0/90)2S", {0, 90, 0, 90, 90, 0, 90, 0}, {1, 1, 1, 1, 1, 1, 1, 1}},
-      {"(0/90)2$", {0, 90, 0, 90, 0, 90, 0}, {1, 1, 1, 1, 1, 1, 1}},
-      {"(0/90)S", {0, 90, 90, 0}, {1, 1, 1, 1}},
-      {"(0/90)1S", {0, 90, 90, 0}, {1, 1, 1, 1}},
-      {"(0)S", {0, 0}, {1, 1}},
-      // Second-material plies, mirrored with their index.
-      {"(45.)", {45}, {2}},
+      // Second-material plies (a point), mirrored with their index.
       {"(0/45./90)S", {0, 45, 90, 90, 45, 0}, {1, 2, 1, 1, 2, 1}},
       {"(-45./.5)2", {-45, 0.5f, -45, 0.5f}, {2, 1, 2, 1}},
-      // Blanks around the text, the tokens and the separators.
-      {"   (0/90)S   ", {0, 90, 90, 0}, {1, 1, 1, 1}},
+      // Blanks around the tokens and the separators.
       {"( 0 / -22.5 /45. )", {0, -22.5f, 45}, {1, 1, 2}},
       // Any single real: sign, exponent in E or D form.
       {"(+1.5e1/-3D1/2.5E-1)", {15, -30, 0.25f}, {1, 1, 1}},
+      // A host's 1000-character text, blank padded or ending at a zero byte.
+      {"(0/45./90)S" + std::string(989, ' '), {0, 45, 90, 90, 45, 0}, {1, 2, 1, 1, 2, 1}},
+      {std::string("(0/45./90)S\0/7)2", 16) + std::string(984, '\0'),
+       {0, 45, 90, 90, 45, 0},
+       {1, 2, 1, 1, 2, 1}},
   };
   for (const auto& c : cases) {
     Angles angles;
@@ -72,23 +71,19 @@ TEST(StackingSequence, RefusedTexts) {
     int status;
   } cases[] = {
       {"", kStackingSyntax},
-      {"()", kStackingSyntax},        // fewer than 3 characters
-      {"(0/90", kStackingSyntax},     // no ")"
-      {"0/90)", kStackingSyntax},     // does not begin with "("
-      {"x(0/90)", kStackingSyntax},   // does not begin with "("
-      {"0/90)2", kStackingSyntax},    // no group to repeat
-      {"(0/90)X", kStackingSyntax},   // unknown mark
-      {"(0/90)s", kStackingSyntax},   // marks are case sensitive
-      {"()S", kStackingSyntax},       // mark on fewer than 4 characters
-      {"(0/90)0", kStackingSyntax},   // count 0 leaves no group
-      {"(0/90)-1", kStackingSyntax},  // as does a negative one
+      {"()", kStackingSyntax},       // fewer than 3 characters
+      {"(0/90", kStackingSyntax},    // no ")"
+      {"0/90)", kStackingSyntax},    // does not begin with "("
+      {"0/90)2", kStackingSyntax},   // no group to repeat
+      {"(0/90)X", kStackingSyntax},  // unknown mark
+      {"(0/90)s", kStackingSyntax},  // marks are case sensitive
+      {"()S", kStackingSyntax},      // mark on fewer than 4 characters
+      {"(0/90)0", kStackingSyntax},  // count 0 leaves no group, as would a negative one
       // The readers' statuses pass through.
       {"(0/90)S2", kReadBadSyntax},  // repeat count unreadable
       {"(0/90) S", kReadBadSyntax},
       {"(0/90)99999999999", kReadOutOfRange},
       {"(0//90)", kReadBadSyntax},  // empty token
-      {"( )", kReadBadSyntax},
-      {"(0/a)", kReadBadSyntax},
       {"(0 90)", kReadBadSyntax},   // two numbers in one token
       {"(0/90))", kReadBadSyntax},  // ")" kept as a mark joins the last token
       {"(1e39)", kReadOutOfRange},
@@ -110,7 +105,6 @@ TEST(StackingSequence, PlyLimit) {
     int status;
     std::size_t plies;
   } cases[] = {
-      {"254 tokens", tokens(254), kStackingOk, 254},
       {"255 tokens", tokens(255), kStackingOk, 255},
       {"256 tokens", tokens(256), kStackingTooManyPlies, 0},
       {"127 tokens S", tokens(127, "0", "S"), kStackingOk, 254},
@@ -122,15 +116,11 @@ TEST(StackingSequence, PlyLimit) {
       {"2 x 64 S", "(0/90)64S", kStackingTooManyPlies, 0},
       // A huge count is refused without being expanded.
       {"huge count", "(0)2147483647", kStackingTooManyPlies, 0},
-      {"huge count S", "(0/90)2000000000S", kStackingTooManyPlies, 0},
       // A bad token among the first plies is met before the limit...
       {"bad first token, huge count", "(x)2000000000", kReadBadSyntax, 0},
-      {"bad 10th of 300", bad_token_at(300, 10), kReadBadSyntax, 0},
       {"bad 255th of 300", bad_token_at(300, 255), kReadBadSyntax, 0},
       // ...one past the 255th is not read: the limit is met first.
       {"bad 256th of 300", bad_token_at(300, 256), kStackingTooManyPlies, 0},
-      // 1000 characters of "(0/0/...)": 499 tokens.
-      {"1000 characters", tokens(499) + " ", kStackingTooManyPlies, 0},
   };
   for (const auto& c : cases) {
     Angles angles;
@@ -138,23 +128,6 @@ TEST(StackingSequence, PlyLimit) {
     EXPECT_EQ(parse_stacking_sequence(c.text, angles, &materials), c.status) << c.what;
     EXPECT_EQ(angles.size(), c.plies) << c.what;
     EXPECT_EQ(materials.size(), c.plies) << c.what;
-  }
-}
-
-TEST(StackingSequence, CallerBuffers) {
-  // A host's 1000-character text, blank padded or ending at a zero byte.
-  std::string padded = "(0/45./90)S";
-  padded.resize(1000, ' ');
-  std::string zero_ended = "(0/45./90)S";
-  zero_ended += '\0';
-  zero_ended += "/7)2";
-  zero_ended.resize(1000, '\0');
-  for (const std::string& text : {padded, zero_ended}) {
-    Angles angles;
-    Materials materials;
-    EXPECT_EQ(parse_stacking_sequence(text, angles, &materials), kStackingOk);
-    EXPECT_EQ(angles, (Angles{0, 45, 90, 90, 45, 0}));
-    EXPECT_EQ(materials, (Materials{1, 2, 1, 1, 2, 1}));
   }
 }
 

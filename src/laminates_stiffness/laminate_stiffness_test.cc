@@ -5,44 +5,15 @@
 #include <complex>
 #include <vector>
 
+// The results digest pins z1 and z2 bit for bit, and the check that refuses them
+// (random plies without Poisson coupling or moduli); this test holds them to the
+// equation they solve.
 namespace corvane {
 namespace {
 
-LAMINA tape(float v12 = 0.3f) {
-  return new_lamina(0.125f, 140000, 9000, 4600, v12, 1000, 1000, "tape");
-}
+LAMINA tape() { return new_lamina(0.125f, 140000, 9000, 4600, 0.3f, 1000, 1000, "tape"); }
 
 using Angles = std::vector<float>;
-
-TEST(LaminateStiffness, UnusableApparentConstantsSetTheErrorFlag) {
-  const struct {
-    const char* what;
-    LAMINA material;
-    Angles angles;
-  } cases[] = {
-      // No Poisson coupling: nuxy comes out (practically) zero.
-      {"cross-ply, v12 = 0", tape(0.0f), {0, 90, 90, 0}},
-      // Negative Q12 at 45 degrees: nuxy clamped to 0.
-      {"clamped nuxy", new_lamina(0.125f, 1000, 1000, 1000, 0, 1000, 1000), {45}},
-      // Singular [A]: the constants are never computed.
-      {"singular", new_lamina(0.125f, 0, 0, 0, 0, 1000, 1000), {0, 90}},
-  };
-  for (const auto& c : cases) {
-    const LAMINATESTIFFNESS lam(c.material, c.angles);
-    EXPECT_TRUE(lam.error) << c.what;
-    EXPECT_EQ(lam.z1, std::complex<float>(0.0f)) << c.what;
-    EXPECT_EQ(lam.z2, std::complex<float>(0.0f)) << c.what;
-  }
-}
-
-TEST(LaminateStiffness, IsotropicLaminateHasZeroParameters) {
-  // Quasi-isotropic: Ex = Ey and Gxy = Ex / (2 (1 + nuxy)), so k = c = 1 and
-  // s1 = s2 = 1. The float rounding of c^2 - k leaves |d| of order 1e-3 at most.
-  const LAMINATESTIFFNESS lam(tape(), Angles{0, 45, -45, 90, 90, -45, 45, 0});
-  EXPECT_FALSE(lam.error);
-  EXPECT_LT(std::abs(lam.z1), 1e-3f);
-  EXPECT_LT(std::abs(lam.z2), 1e-3f);
-}
 
 TEST(LaminateStiffness, ParametersSolveTheCharacteristicEquation) {
   // s = (1 + z) / (1 - z) recovers the roots; s1^2 and s2^2 must be the roots of
@@ -66,8 +37,7 @@ TEST(LaminateStiffness, ParametersSolveTheCharacteristicEquation) {
         << lam.stacking_text();
     EXPECT_NEAR(std::abs(s1 * s1 * s2 * s2 - k), 0, 1e-4 * k) << lam.stacking_text();
     // Principal square roots: both roots in the right half-plane.
-    EXPECT_GT(s1.real(), 0);
-    EXPECT_GT(s2.real(), 0);
+    EXPECT_TRUE(s1.real() > 0 && s2.real() > 0) << lam.stacking_text();
   }
   EXPECT_EQ(cases[0].z1.imag(), 0.0f);  // c^2 > k: real parameters
   EXPECT_NE(cases[1].z1.imag(), 0.0f);  // c^2 < k: complex ones

@@ -1,25 +1,19 @@
 #include "laminates_stressed/laminate_stressed.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <vector>
+
+#include <gtest/gtest.h>
+
+#include "laminates_stressed/ply_criteria.h"
 
 namespace corvane {
 namespace {
 
 using Angles = std::vector<float>;
 using Loads = std::vector<float>;
-
-TEST(LaminateStressed, BuildsItsStiffnessPart) {
-  const LAMINA tape = new_lamina(0.125f, 140000, 9000, 4600, 0.3f, 1000, 1000);
-  const LAMINATESTRESSED lam(tape, Angles{0, 90, 90, 0}, "cp");
-  const LAMINATESTIFFNESS ref(tape, Angles{0, 90, 90, 0}, "cp");
-  EXPECT_FALSE(lam.error);
-  EXPECT_EQ(lam.z1, ref.z1);
-  EXPECT_EQ(lam.Dstar, ref.Dstar);
-}
 
 // Kaw, Mechanics of Composite Materials, 2nd ed. (2006), Examples 2.19 to 2.22:
 // a 60-degree T300/5208 lamina under (sx, sy, sxy) = (2, -3, 4) S; the ply
@@ -85,26 +79,6 @@ TEST(LaminateStressed, ThermalResidualStresses) {
   }
 }
 
-// A free ply expands without stress (up to the rounding of a 1e-3 strain); a
-// symmetric laminate's mid-plane strain under a temperature change alone is its
-// apparent expansion.
-TEST(LaminateStressed, FreeThermalExpansion) {
-  const LAMINATESTRESSED ply(t300_5208(), Angles{30});
-  LaminateState state;
-  ASSERT_TRUE(ply.strength_plan({}).state({.dT = 50}, state).ok());
-  for (const PlySurfaceState& p : state.surfaces) {
-    for (float x : p.stress) EXPECT_NEAR(x, 0.0f, 1e-4f);
-    for (float e : p.mechanical_strain) EXPECT_NEAR(e, 0.0f, 1e-8f);
-  }
-  const LAMINATESTRESSED qi(t300_5208(), Angles{0, 45, -45, 90, 90, -45, 45, 0});
-  ASSERT_TRUE(qi.strength_plan({}).state({.dT = -100}, state).ok());
-  const float alpha[] = {qi.alphax, qi.alphay, qi.alphaxy};
-  for (std::size_t i = 0; i < 3; ++i) {
-    EXPECT_NEAR(state.midplane[i], -100 * alpha[i], 1e-5f * 100 * qi.alphax);
-    EXPECT_NEAR(state.midplane[i + 3], 0.0f, 1e-9f);
-  }
-}
-
 LAMINA glass() {
   LAMINA m = new_lamina(0.2f, 38600, 8270, 4140, 0.26f, 1062, 610, "glass");
   m.set_strengths(1062, 610, 72, 31, 118);
@@ -140,10 +114,8 @@ TEST(LaminateStressed, ManyLoadCasesAtOnce) {
     LaminateState state;
     ASSERT_TRUE(
         plan.state({row[0], row[1], row[2], row[3], row[4], row[5], row[6]}, state).ok());
-    for (std::size_t i = 0; i < surfaces; ++i) {
-      for (std::size_t k = 0; k < 3; ++k) {
-        EXPECT_EQ(state.surfaces[i].stress[k], stress[(c * surfaces + i) * 3 + k]);
-      }
+    for (std::size_t i = 0; i < surfaces * 3; ++i) {
+      EXPECT_EQ(state.surfaces[i / 3].stress[i % 3], stress[c * surfaces * 3 + i]);
     }
     for (std::size_t j = 0; j < 3; ++j) {
       const auto table = one.begin() + static_cast<std::ptrdiff_t>(j * surfaces);
@@ -185,6 +157,141 @@ TEST(LaminateStressed, RefusalsWriteNothing) {
   std::string text = "kept";
   EXPECT_FALSE(lam.strength_report({}, std::vector<std::int32_t>{12}, {}, text).ok());
   EXPECT_EQ(text, "kept");
+}
+
+PlyCriterion prepared(std::int32_t code, const LAMINA& m, const StrengthOptions& o = {}) {
+  PlyCriterion c;
+  EXPECT_TRUE(PlyCriterion::prepare(code, m, 1, o, c).ok()) << code;
+  return c;
+}
+
+const LAMINA& carbon() {
+  static const LAMINA m = t300_5208();
+  return m;
+}
+
+// The defining property: the criterion at r + RF s is 1, for every criterion,
+// with and without thermal stresses, across the sign and mode boundaries.
+TEST(PlyCriteria, TheCriterionIsOneAtTheReserveFactor) {
+  // (s, r); the fifth row's s2 changes sign on the way, the seventh's (s2, s12)
+  // passes through zero stress.
+  const float paths[][6] = {{300, 20, 30, 0, 0, 0},     {-400, -60, 20, 0, 0, 0},
+                            {0, -50, 60, 0, 0, 0},      {0, -200, 10, 0, 0, 0},
+                            {100, -30, 40, -20, 15, 0}, {-200, 50, -10, 30, -20, 5},
+                            {5, -80, 0, 0, 10, 0},      {-900, 2, 1, 700, 1, 0}};
+  for (std::int32_t code : kEvaluatedCriteria) {
+    const PlyCriterion c = prepared(code, carbon());
+    for (const auto& p : paths) {
+      const PlyStress s = {p[0], p[1], p[2]}, r = {p[3], p[4], p[5]};
+      const float rf = c.reserve_factor(s, r).rf;
+      ASSERT_GT(rf, 0.0f) << code;
+      ASSERT_LT(rf, kNoFailureRF) << code;
+      const PlyStress x = {r[0] + rf * s[0], r[1] + rf * s[1], r[2] + rf * s[2]};
+      EXPECT_NEAR(c.value(x).value, 1.0f, 2e-6f) << code << " at RF " << rf;
+    }
+  }
+}
+
+// Loading along one axis up to the strength reaches every criterion at RF 1
+// (Yamada-Sun leaves s2 out); each strength is used where it belongs.
+TEST(PlyCriteria, UniaxialStrengthsGiveOne) {
+  using enum FailureMode;
+  const float x = kNoFailureRF;
+  const struct {
+    PlyStress s;
+    std::array<float, 6> rf;  // as kEvaluatedCriteria
+    FailureMode puck_mode, strain_mode;
+  } cases[] = {{{1500, 0, 0}, {1, 1, 1, 1, 1, 1}, fibre_tension, fibre_tension},
+               {{-1500, 0, 0}, {1, 1, 1, 1, 1, 1}, fibre_compression, fibre_compression},
+               {{0, 40, 0}, {1, 1, 1, x, 1, 1}, puck_a, matrix_tension},
+               {{0, -246, 0}, {1, 1, 1, x, 1, 1}, puck_c, matrix_compression},
+               {{0, 0, -68}, {1, 1, 1, 1, 1, 1}, puck_a, shear}};
+  for (const auto& k : cases) {
+    for (std::size_t i = 0; i < 6; ++i) {
+      const ReserveFactor f =
+          prepared(kEvaluatedCriteria[i], carbon()).reserve_factor(k.s, {});
+      EXPECT_NEAR(f.rf, k.rf[i], 2e-6f * k.rf[i]) << kEvaluatedCriteria[i];
+    }
+    EXPECT_EQ(prepared(9, carbon()).reserve_factor(k.s, {}).mode, k.puck_mode);
+    EXPECT_EQ(prepared(11, carbon()).reserve_factor(k.s, {}).mode, k.strain_mode);
+  }
+  // The truncated maximum strain: fibre tension at uetall; in compression the
+  // shear truncation through the tension point cuts uecall down to uetall.
+  const LAMINA& m = carbon();
+  const PlyCriterion mts = prepared(31, m);
+  const ReserveFactor tension = mts.reserve_factor({m.uetall / m.S(1, 1), 0, 0}, {});
+  EXPECT_NEAR(tension.rf, 1, 2e-6f);
+  EXPECT_EQ(tension.mode, FailureMode::fibre_tension);
+  const ReserveFactor compression = mts.reserve_factor({-m.uecall / m.S(1, 1), 0, 0}, {});
+  EXPECT_NEAR(compression.rf, m.uetall / m.uecall, 2e-6f);
+  EXPECT_EQ(compression.mode, FailureMode::shear);
+}
+
+TEST(PlyCriteria, PuckModesAndParameters) {
+  const PlyCriterion puck = prepared(9, carbon());
+  // Modes B and C meet on the envelope at (-RA, t21c), RA = R||/(2 p-)
+  // (sqrt(1 + 2 p- Rc/R||) - 1), t21c = R|| sqrt(1 + 2 p- RA/R||).
+  const float ra = 68 / (2 * 0.3f) * (std::sqrt(1 + 2 * 0.3f * 246 / 68) - 1);
+  const float t21c = 68 * std::sqrt(1 + 2 * 0.3f * ra / 68);
+  for (const float side : {0.999f, 1.001f}) {  // just into B, just into C
+    EXPECT_NEAR(puck.reserve_factor({0, -ra * side, t21c}, {}).rf, 1, 2e-3f);
+  }
+  EXPECT_EQ(puck.reserve_factor({0, -50, 60}, {}).mode, FailureMode::puck_b);
+  EXPECT_EQ(puck.reserve_factor({0, -200, 10}, {}).mode, FailureMode::puck_c);
+  // Pure shear is independent of the inclinations; a smaller p- (glass) makes
+  // mode B weaker.
+  StrengthOptions glass;
+  glass.puck = PuckParameters::glass();
+  EXPECT_FLOAT_EQ(prepared(9, carbon(), glass).reserve_factor({0, 0, 34}, {}).rf, 2);
+  EXPECT_LT(prepared(9, carbon(), glass).reserve_factor({0, -50, 60}, {}).rf,
+            puck.reserve_factor({0, -50, 60}, {}).rf);
+}
+
+TEST(PlyCriteria, TsaiHillWithoutThermalStressIsTheLaminaOne) {
+  const PlyCriterion c = prepared(4, carbon());
+  for (const PlyStress& s : {PlyStress{1.7f, -2.7f, -4.2f}, PlyStress{-800, 30, 20}}) {
+    EXPECT_EQ(c.reserve_factor(s, {}).rf, carbon().tsai_hill_rf(s[0], s[1], s[2]));
+  }
+}
+
+TEST(PlyCriteria, ThermalStressesAloneOrNoLoad) {
+  const PlyCriterion c = prepared(5, carbon());
+  EXPECT_EQ(c.reserve_factor({10, 0, 0}, {0, 50, 0}).rf, 0.0f);  // beyond F2t already
+  EXPECT_EQ(c.reserve_factor({0, 0, 0}, {0, 20, 0}).rf, kNoFailureRF);
+  EXPECT_EQ(prepared(7, carbon()).reserve_factor({0, 30, 0}, {}).rf, kNoFailureRF);
+  EXPECT_EQ(c.reserve_factor({3e38f, 3e38f, 0}, {}).rf, 0.0f);  // beyond the float range
+}
+
+TEST(PlyCriteria, Refusals) {
+  using enum StrengthError;
+  LAMINA weak = carbon();
+  weak.F2c = 0.0f;
+  const struct {
+    std::int32_t code;
+    const LAMINA& m;
+    StrengthOptions options;
+    StrengthError error;
+    const char* message;
+  } cases[] = {
+      {9, weak, {}, strength_missing, "Error! F2c missing (material 1, criterion PUCK)."},
+      {7, weak, {}, none, ""},  // needs no F2c
+      {8,
+       carbon(),
+       {},
+       criterion_not_available,
+       "Error! Criterion AOSL not available: no published definition."},
+      {12, carbon(), {}, criterion_not_available, nullptr},
+      {32, carbon(), {}, criterion_not_available, nullptr},
+      {0, carbon(), {}, unknown_criterion, "Error! Unknown failure criterion (code 0)."},
+      {5, carbon(), {-1.0f, {}}, bad_option, "Error! Option F12* out of range."},
+      {9, carbon(), {-0.5f, {0.3f, 1.0f}}, bad_option, nullptr},
+  };
+  for (const auto& k : cases) {
+    PlyCriterion c;
+    const StrengthStatus status = PlyCriterion::prepare(k.code, k.m, 1, k.options, c);
+    EXPECT_EQ(status.error, k.error) << k.code;
+    if (k.message) EXPECT_EQ(status.message(), k.message);
+  }
 }
 
 }  // namespace

@@ -55,7 +55,7 @@ TEST(Notched, MeasuredStrengthIsReserveFactorOne) {
   }
 }
 
-// [0]8: K_T = 7.1419 along the fibres (by hand, as in notch_test), so the default
+// [0]8: K_T = 7.1419 along the fibres (by hand, as in lamina_test), so the default
 // Kfhc = 0.6 gives the filled-hole compression strain uecall/(0.6 3.1401 7.1419/3)
 // = 0.0023888, Kfht = 0.7 likewise from e1tu. Bearing: the default Fbr = 0.5 F1c
 // = 750 against 1000 N in a 6.35 mm hole through 1 mm: RF 4.7625.

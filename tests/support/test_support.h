@@ -1,6 +1,5 @@
-// What many test files need: a reference tape and fabric, the reduced ply
-// stiffness in double as an independent reference, caller-style text buffers,
-// orthotropic 3x3 matrices and the special floats.
+// What many test files need: a reference tape and fabric, caller-style text
+// buffers, orthotropic 3x3 matrices and the special floats.
 #pragma once
 
 #include <algorithm>
@@ -37,16 +36,6 @@ inline LAMINA lamina_of(const Ply& p, std::string_view name = "tape") {
   m.CTE1 = p.cte1;
   m.CTE2 = p.cte2;
   return m;
-}
-
-// Reduced ply stiffness in double: Q11, Q22, Q12, Q66.
-struct Reduced {
-  double q11, q22, q12, q66;
-};
-inline Reduced reduced(const Ply& p) {
-  const double nu21 = double{p.nu12} * p.e2 / p.e1;
-  const double den = 1.0 - p.nu12 * nu21;
-  return {p.e1 / den, p.e2 / den, p.nu12 * p.e2 / den, p.g12};
 }
 
 // A text as a host passes it: blank padded (or cut) to the entry points' length.
