@@ -1,36 +1,27 @@
-// LAMINATE_STIFFNESS_PACKED of the built strength library against the entry
-// points of corvane.h it packs (linked in): every output byte the same, on
-// success and on each kind of refusal, from outputs that start the same.
+// LAMINATE_STIFFNESS_PACKED of the strength library against the entry points
+// of corvane.h it packs, both libraries loaded by path: every output byte the
+// same, on success and on each kind of refusal, from outputs that start alike.
 #include <gtest/gtest.h>
 
 #include <array>
 #include <cstdint>
 #include <cstring>
-#include <string>
 #include <vector>
 
 #include "corvane/corvane.h"
 #include "corvane/corvane_strength.h"
-#include "interface/loaded_library.h"
+#include "support/entry_point_table.h"
 #include "support/test_support.h"
 
-namespace corvane {
+namespace corvane::testing {
 namespace {
 
-using testing::kFabric;
-using testing::kTape;
-using testing::Ply;
-
-// What either call writes; `fill` makes both start alike.
 struct Outputs {
   std::array<float, 44> results;
-  std::array<std::int32_t, 2> counts;
+  std::array<std::int32_t, 2> counts = {5, 5};
   std::vector<char> cards = std::vector<char>(CORVANE_CARDS_LENGTH, '?');
   std::int32_t ierr = 77;
-  Outputs() {
-    results.fill(-7.0f);
-    counts = {5, 5};
-  }
+  Outputs() { results.fill(-7.0f); }
   bool operator==(const Outputs& o) const {
     return std::memcmp(results.data(), o.results.data(), sizeof results) == 0 &&
            counts == o.counts && cards == o.cards && ierr == o.ierr;
@@ -44,31 +35,31 @@ Outputs reference(int materials, const Ply& p, const Ply& q,
   float* r = o.results.data();
   std::int32_t* c = o.counts.data();
   if (materials == 1) {
-    LAMINATE_STIFFNESS(&p.t, &p.e1, &p.e2, &p.g12, &p.nu12, &p.cte1, &p.cte2,
-                       layup.data(), CORVANE_LAYUP_LENGTH, c, r, r + 9, r + 18, r + 27,
-                       r + 36, r + 37, r + 38, r + 39, r + 40, r + 41, r + 42, r + 43,
-                       c + 1, o.cards.data(), CORVANE_CARDS_LENGTH, &o.ierr);
+    corvane_library().entry<decltype(LAMINATE_STIFFNESS)>("LAMINATE_STIFFNESS")(
+        &p.t, &p.e1, &p.e2, &p.g12, &p.nu12, &p.cte1, &p.cte2, layup.data(), 0, c, r,
+        r + 9, r + 18, r + 27, r + 36, r + 37, r + 38, r + 39, r + 40, r + 41, r + 42,
+        r + 43, c + 1, o.cards.data(), 0, &o.ierr);
   } else {
-    BI_MATERIAL_LAMINATE_STIFFNESS(
+    corvane_library().entry<decltype(BI_MATERIAL_LAMINATE_STIFFNESS)>(
+        "BI_MATERIAL_LAMINATE_STIFFNESS")(
         &p.t, &p.e1, &p.e2, &p.g12, &p.nu12, &p.cte1, &p.cte2, &q.t, &q.e1, &q.e2, &q.g12,
-        &q.nu12, &q.cte1, &q.cte2, layup.data(), CORVANE_LAYUP_LENGTH, c, r, r + 9,
-        r + 18, r + 27, r + 36, r + 37, r + 38, r + 39, r + 40, r + 41, r + 42, r + 43,
-        c + 1, o.cards.data(), CORVANE_CARDS_LENGTH, &o.ierr);
+        &q.nu12, &q.cte1, &q.cte2, layup.data(), 0, c, r, r + 9, r + 18, r + 27, r + 36,
+        r + 37, r + 38, r + 39, r + 40, r + 41, r + 42, r + 43, c + 1, o.cards.data(), 0,
+        &o.ierr);
   }
   return o;
 }
 
 Outputs packed(std::int32_t materials, const Ply& p, const Ply& q,
                const std::vector<char>& layup) {
-  static const auto call =
-      library_under_test().entry<decltype(LAMINATE_STIFFNESS_PACKED)>(
-          "LAMINATE_STIFFNESS_PACKED");
   const std::array<float, 14> constants = {p.t,    p.e1,   p.e2,   p.g12, p.nu12,
                                            p.cte1, p.cte2, q.t,    q.e1,  q.e2,
                                            q.g12,  q.nu12, q.cte1, q.cte2};
   Outputs o;
-  call(&materials, constants.data(), layup.data(), CORVANE_LAYUP_LENGTH, o.results.data(),
-       o.counts.data(), o.cards.data(), CORVANE_CARDS_LENGTH, &o.ierr);
+  strength_library().entry<decltype(LAMINATE_STIFFNESS_PACKED)>(
+      "LAMINATE_STIFFNESS_PACKED")(&materials, constants.data(), layup.data(), 0,
+                                   o.results.data(), o.counts.data(), o.cards.data(), 0,
+                                   &o.ierr);
   return o;
 }
 
@@ -91,7 +82,7 @@ TEST(PackedStiffness, GivesTheBytesOfTheEntryPointItPacks) {
       {2, kTape, kFabric, "(0/x)", 2},
   };
   for (const Case& c : cases) {
-    const auto layup = testing::layup_buffer(c.layup);
+    const auto layup = layup_buffer(c.layup);
     const Outputs got = packed(c.materials, c.p, c.q, layup);
     EXPECT_EQ(got.ierr, c.code) << c.layup;
     EXPECT_TRUE(got == reference(c.materials, c.p, c.q, layup)) << c.layup;
@@ -99,7 +90,7 @@ TEST(PackedStiffness, GivesTheBytesOfTheEntryPointItPacks) {
 }
 
 TEST(PackedStiffness, RefusesAMaterialCountOtherThanOneOrTwo) {
-  const auto layup = testing::layup_buffer("(0)");
+  const auto layup = layup_buffer("(0)");
   for (const std::int32_t n : {0, 3, -1}) {
     Outputs untouched;
     untouched.ierr = 3;
@@ -108,4 +99,4 @@ TEST(PackedStiffness, RefusesAMaterialCountOtherThanOneOrTwo) {
 }
 
 }  // namespace
-}  // namespace corvane
+}  // namespace corvane::testing
