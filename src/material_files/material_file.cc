@@ -1,11 +1,14 @@
 #include "material_files/material_file.h"
 
+#include <dirent.h>
+
 #include <algorithm>
+#include <cerrno>
 #include <fstream>
 #include <iterator>
 #include <map>
+#include <memory>
 #include <optional>
-#include <sstream>
 #include <system_error>
 
 #include "cdt_models/cdt_model.h"
@@ -264,13 +267,17 @@ MaterialFileContents read_material_text(std::string_view text, const std::string
 }
 
 MaterialFileContents read_material_file(const std::filesystem::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  std::ostringstream text;
-  text << file.rdbuf();
-  if (!file || file.bad()) {
+  // Read into a string of the file's size rather than through a string
+  // stream, which would swallow an exhausted memory and hand on a cut text.
+  std::ifstream file(path, std::ios::binary | std::ios::ate);
+  const std::streamoff size = file ? static_cast<std::streamoff>(file.tellg()) : -1;
+  if (size < 0) return {{}, {{path.string(), 0, "cannot be read"}}};
+  std::string text(static_cast<std::size_t>(size), '\0');
+  file.seekg(0);
+  if (!file.read(text.data(), size)) {
     return {{}, {{path.string(), 0, "cannot be read"}}};
   }
-  return read_material_text(text.str(), path.string());
+  return read_material_text(text, path.string());
 }
 
 std::vector<MaterialPlace> material_search_places(
@@ -295,6 +302,32 @@ std::vector<MaterialPlace> material_search_places(
   return places;
 }
 
+namespace {
+
+// The material files of a directory, by opendir and readdir rather than
+// std::filesystem's directory_iterator, which builds each entry inside a
+// noexcept function of the standard library: an exhausted memory there would
+// end the host's process instead of reaching it as an error code. A directory
+// that cannot be listed is a fault of its own, never an exception.
+bool list_material_files(const std::filesystem::path& directory,
+                         std::vector<std::filesystem::path>& files) {
+  DIR* listing = opendir(directory.string().c_str());
+  if (listing == nullptr) return false;
+  const std::unique_ptr<DIR, int (*)(DIR*)> closer(listing, closedir);
+  errno = 0;
+  while (const dirent* item = readdir(listing)) {
+    std::filesystem::path file = directory / item->d_name;
+    std::error_code error;
+    if (is_material_file(file) && std::filesystem::is_regular_file(file, error)) {
+      files.push_back(std::move(file));
+    }
+    errno = 0;
+  }
+  return errno == 0;
+}
+
+}  // namespace
+
 MaterialCatalog::MaterialCatalog(std::span<const MaterialPlace> places) {
   const auto add = [this](MaterialFileContents contents) {
     std::move(contents.materials.begin(), contents.materials.end(),
@@ -306,15 +339,7 @@ MaterialCatalog::MaterialCatalog(std::span<const MaterialPlace> places) {
     std::error_code error;
     if (std::filesystem::is_directory(place.path, error)) {
       std::vector<std::filesystem::path> files;
-      // The error-code forms throughout: a directory that cannot be listed is
-      // a fault of its own, never an exception.
-      std::filesystem::directory_iterator item(place.path, error), end;
-      for (; !error && item != end; item.increment(error)) {
-        if (is_material_file(item->path()) && item->is_regular_file(error)) {
-          files.push_back(item->path());
-        }
-      }
-      if (error) {
+      if (!list_material_files(place.path, files)) {
         faults_.push_back({place.path.string(), 0, "cannot be listed"});
         continue;
       }
