@@ -50,5 +50,6 @@ endforeach()
 # The type check and the cluster run concern the sources, checked once by the
 # python_package test; here what the installation changes.
 run("${python}" -m pytest -q -p no:cacheprovider "${PACKAGE_DIR}/tests"
-    "--ignore=${PACKAGE_DIR}/tests/test_typing.py" "--ignore=${PACKAGE_DIR}/tests/test_scale.py"
+    -k "not test_mypy_finds_nothing_in_the_type_hints"
+    "--ignore=${PACKAGE_DIR}/tests/test_scale.py"
     WORKING_DIRECTORY "${WORK_DIR}")
