@@ -2,10 +2,6 @@
 // CORVANE_FUZZ_TWO_MATERIALS, with arbitrary materials, line-end choice and
 // stacking text. Bytes: 12 floats a material, one float whose bits choose the
 // line ends, then the layup.
-#include <cstdint>
-#include <cstdlib>
-#include <cstring>
-#include <string>
 #include <string_view>
 
 #include "corvane/corvane_strength.h"
@@ -19,10 +15,8 @@ constexpr int kMaterialValues = 12;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   corvane::fuzz::FuzzInput in(data, size);
-  float m[kMaterialValues + 1];
-  for (float& v : m) v = in.next_float();
-  std::int32_t crlf = 0;
-  std::memcpy(&crlf, &m[kMaterialValues], sizeof crlf);
+  const std::vector<float> m = in.floats(kMaterialValues);
+  const std::int32_t crlf = static_cast<std::int32_t>(in.next_bits());
   auto layup = in.rest_as_text(CORVANE_STRENGTH_LAYUP_LENGTH);
   std::string deck(CORVANE_SOLVER_DECK_LENGTH, '-');
   std::string message(CORVANE_STRENGTH_MESSAGE_LENGTH, '-');
@@ -40,22 +34,20 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
       layup.get(), 3, &crlf, deck.data(), 5, &length, message.data(), 7, &ierr);
   // A refusal says why and writes no deck; a deck fits its buffer, is padded
   // with blanks and has lines of at most 80 characters, none of them a GRID.
-  const bool known = ierr == 0 || ierr == 1 || ierr == 2 || ierr == 3 || ierr == 8;
-  if (!known || (message.rfind("Error! ", 0) == 0) != (ierr != 0)) std::abort();
+  using corvane::fuzz::require;
+  require((ierr == 8 || (ierr >= 0 && ierr <= 3)) &&
+          corvane::fuzz::says_why(message, ierr));
   if (ierr != 0) {
-    if (length != -1 || deck != std::string(CORVANE_SOLVER_DECK_LENGTH, '-'))
-      std::abort();
+    require(length == -1 && deck == std::string(CORVANE_SOLVER_DECK_LENGTH, '-'));
     return 0;
   }
-  if (length <= 0 || length > CORVANE_SOLVER_DECK_LENGTH) std::abort();
+  require(length > 0 && length <= CORVANE_SOLVER_DECK_LENGTH);
   const std::string_view text(deck.data(), static_cast<std::size_t>(length));
-  if (deck.find_first_not_of(' ', text.size()) != std::string::npos) std::abort();
-  std::size_t start = 0;
-  while (start < text.size()) {
-    const std::size_t end = text.find('\n', start);
-    if (end == std::string_view::npos || end - start > 81) std::abort();
-    if (text.substr(start, 4) == "GRID") std::abort();
-    start = end + 1;
+  require(deck.find_first_not_of(' ', text.size()) == std::string::npos);
+  for (std::size_t start = 0, end; start < text.size(); start = end + 1) {
+    end = text.find('\n', start);
+    require(end != std::string_view::npos && end - start <= 81 &&
+            text.substr(start, 4) != "GRID");
   }
   return 0;
 }

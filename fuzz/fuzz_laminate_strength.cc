@@ -3,12 +3,6 @@
 // cases and stacking text. Bytes: 14 floats a material, 3 option floats, one
 // float whose bits choose the criterion and the number of cases (-1 to 8), 7
 // floats per case, then the layup.
-#include <cstdint>
-#include <cstdlib>
-#include <cstring>
-#include <string>
-#include <vector>
-
 #include "corvane/corvane_strength.h"
 #include "fuzz_input.h"
 
@@ -23,17 +17,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
                                           " puck ",       "YAMADA_SUN", "MTS",
                                           "MAX_STRAIN_I", "AOSL",       ""};
   corvane::fuzz::FuzzInput in(data, size);
-  float m[kMaterialValues + 4];
-  for (float& v : m) v = in.next_float();
+  const std::vector<float> m = in.floats(kMaterialValues + 3);
   const float* options = &m[kMaterialValues];
-  std::uint32_t choice = 0;
-  std::memcpy(&choice, &m[kMaterialValues + 3], sizeof choice);
+  const std::uint32_t choice = in.next_bits();
   const int32_t ncases = static_cast<int32_t>(choice % 10) - 1;
   const std::size_t n = ncases > 0 ? static_cast<std::size_t>(ncases) : 1;
-  std::string criterion(kCriteria[choice / 10 % 9]);
-  criterion.resize(CORVANE_STRENGTH_CRITERION_LENGTH, ' ');
-  std::vector<float> loads(7 * n), rf(n, -1.0f);
-  for (float& v : loads) v = in.next_float();
+  std::string criterion = corvane::fuzz::padded(kCriteria[choice / 10 % 9],
+                                                CORVANE_STRENGTH_CRITERION_LENGTH);
+  std::vector<float> loads = in.floats(7 * n), rf(n, -1.0f);
   auto layup = in.rest_as_text(CORVANE_STRENGTH_LAYUP_LENGTH);
   std::vector<int32_t> ply(n, -1), surface(n, -1), mode(n, -1);
   std::string message(CORVANE_STRENGTH_MESSAGE_LENGTH, '-');
@@ -51,13 +42,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
       layup.get(), 3, criterion.data(), 5, options, &ncases, loads.data(), rf.data(),
       ply.data(), surface.data(), mode.data(), message.data(), 7, &ierr);
   // A refusal says why and writes no result; a success gives results in range.
-  if (ierr < 0 || ierr > 9 || (message.rfind("Error! ", 0) == 0) != (ierr != 0))
-    std::abort();
+  corvane::fuzz::require(ierr >= 0 && ierr <= 9 &&
+                         corvane::fuzz::says_why(message, ierr));
   for (std::size_t k = 0; k < n; ++k) {
     const bool written = ply[k] != -1 || surface[k] != -1 || mode[k] != -1 || rf[k] != -1;
     const bool valid = ply[k] >= 1 && ply[k] <= 255 && surface[k] >= 1 &&
                        surface[k] <= 3 && mode[k] >= 0 && mode[k] <= 8 && rf[k] >= 0.0f;
-    if (ierr != 0 || ncases < 1 ? written : !valid) std::abort();
+    corvane::fuzz::require(ierr != 0 || ncases < 1 ? !written : valid);
   }
   return 0;
 }

@@ -3,29 +3,10 @@
 // it shows. Built once per entry point, chosen by CORVANE_FUZZ_MANY: 1
 // PLATE_BUCKLING_LOADS_MANY, 2 PLATE_BUCKLING_RF_MANY, 3 SHELL_BUCKLING_LOADS_MANY,
 // 4 STRAINS_IN_PLANE_MANY.
-#include <cmath>
-#include <cstdint>
-#include <cstdlib>
-#include <vector>
-
 #include "corvane/corvane_strength.h"
 #include "fuzz_input.h"
 
-namespace {
-
 using Floats = std::vector<float>;
-
-// As in fuzz_shell_buckling_loads: a cylinder search over a million steps is
-// slow by design, not faulty, so such inputs are skipped.
-[[maybe_unused]] bool cylinder_search_is_long(float length, float radius) {
-  if (!(radius > 0.0f)) return false;
-  const double l = std::fmin(length, 3.141593 * radius / 4.0);
-  const double s = l / 10.0;
-  const double steps = std::round(length / s) * std::round(6.283186 * radius / s);
-  return !(steps < 1.0e6);
-}
-
-}  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   if (size == 0) return 0;
@@ -36,9 +17,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   // vector's data() may be null, which the entry points refuse first.
   const std::size_t count = n > 0 ? static_cast<std::size_t>(n) : 1;
   const auto floats = [&](std::size_t per_element) {
-    Floats v(count * per_element);
-    for (float& x : v) x = in.next_float();
-    return v;
+    return in.floats(count * per_element);
   };
   std::vector<std::int32_t> codes(count, 7);
   if (n <= 0) codes.assign(1, 0);
@@ -58,7 +37,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const Floats a = floats(9), d = floats(9), l = floats(1), b = floats(1), r = floats(1),
                t = floats(1);
   for (std::size_t i = 0; n > 0 && i < count; ++i) {
-    if (cylinder_search_is_long(l[i], r[i])) return -1;  // not added to the corpus
+    if (corvane::fuzz::cylinder_search_is_long(l[i], r[i]))
+      return -1;  // not added to the corpus
   }
   Floats nxcr(count), nycr(count), nxycr(count);
   SHELL_BUCKLING_LOADS_MANY(&n, a.data(), d.data(), l.data(), b.data(), r.data(),
@@ -76,9 +56,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   // Every element's code is 0 or 1, and the overall code says whether any is 1.
   bool any = false;
   for (const std::int32_t c : codes) {
-    if (c != 0 && c != 1 && !(c == 7 && CORVANE_FUZZ_MANY == 1)) std::abort();
+    corvane::fuzz::require(c == 0 || c == 1 || (c == 7 && CORVANE_FUZZ_MANY == 1));
     any = any || c == 1;
   }
-  if (n < 0 ? ierr != 2 : ierr != (any ? 1 : 0)) std::abort();
+  corvane::fuzz::require(ierr == (n < 0 ? 2 : any ? 1 : 0));
   return 0;
 }

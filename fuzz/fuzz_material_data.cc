@@ -3,13 +3,11 @@
 // file, written to a scratch file of this process that the calls search alone.
 #include <unistd.h>
 
-#include <cstdint>
-#include <cstdlib>
 #include <fstream>
-#include <string>
 #include <string_view>
 
 #include "corvane/corvane_strength.h"
+#include "fuzz_input.h"
 
 extern "C" int LLVMFuzzerInitialize(int*, char***) {
   // Only the scratch file: no material files of the machine.
@@ -39,14 +37,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   MATERIAL_DATA(name.data(), 1, places.data(), 2, installed.data(), 3, values, &fabric,
                 found.data(), 4, file.data(), 5, &line, message.data(), 6, &ierr);
   // A refusal says why and writes nothing else; a material found is valid.
-  if (ierr < 0 || ierr > 2 || (message.rfind("Error! ", 0) == 0) != (ierr != 0))
-    std::abort();
+  corvane::fuzz::require(ierr >= 0 && ierr <= 2 &&
+                         corvane::fuzz::says_why(message, ierr));
   const bool untouched =
       fabric == 7 && line == 7 && values[0] == -1.0f && found[0] == '-' && file[0] == '-';
-  if (ierr != 0 ? !untouched : (line < 1 || !(values[0] >= 1.0e-5f))) std::abort();
+  corvane::fuzz::require(ierr != 0 ? untouched : line >= 1 && values[0] >= 1.0e-5f);
   MATERIAL_NAMES(places.data(), 1, installed.data(), 2, &count, names.data(), 3,
                  message.data(), 4, &ierr);
-  if (ierr < 0 || ierr > 1 || (ierr == 0) != (count >= 0 && names[0] != '-'))
-    std::abort();
+  corvane::fuzz::require(ierr >= 0 && ierr <= 1 &&
+                         (ierr == 0) == (count >= 0 && names[0] != '-'));
   return 0;
 }

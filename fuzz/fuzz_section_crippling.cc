@@ -4,41 +4,26 @@
 // material; per segment 4 geometry floats, a given Fcu and a float whose bits
 // choose its edge condition (0 to 3) and material (0 to 3); the length, the
 // fixity and 3 option floats; then the layup, given to every segment.
-#include <cstdint>
-#include <cstdlib>
-#include <cstring>
-#include <string>
-#include <vector>
-
 #include "corvane/corvane_strength.h"
 #include "fuzz_input.h"
-
-namespace {
-std::uint32_t bits_of(float x) {
-  std::uint32_t b = 0;
-  std::memcpy(&b, &x, sizeof b);
-  return b;
-}
-}  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   static const char* const kCriteria[] = {"PUCK", "TSAI_WU", "MAX_STRAIN_I", "MTS",
                                           "AOSL", "",        "tsai_hill"};
   corvane::fuzz::FuzzInput in(data, size);
-  const std::uint32_t choice = bits_of(in.next_float());
+  const std::uint32_t choice = in.next_bits();
   const int32_t nm = static_cast<int32_t>(choice % 4) - 1;
   const int32_t ns = static_cast<int32_t>(choice / 4 % 6) - 1;
   const std::size_t m = nm > 0 ? static_cast<std::size_t>(nm) : 1;
   const std::size_t n = ns > 0 ? static_cast<std::size_t>(ns) : 1;
-  std::string criterion(kCriteria[choice / 24 % 7]);
-  criterion.resize(CORVANE_STRENGTH_CRITERION_LENGTH, ' ');
-  std::vector<float> materials(14 * m), geometry(4 * n), fcu(n);
+  std::string criterion = corvane::fuzz::padded(kCriteria[choice / 24 % 7],
+                                                CORVANE_STRENGTH_CRITERION_LENGTH);
+  std::vector<float> materials = in.floats(14 * m), geometry(4 * n), fcu(n);
   std::vector<int32_t> edge(n), material(n);
-  for (float& v : materials) v = in.next_float();
   for (std::size_t i = 0; i < n; ++i) {
     for (std::size_t k = 0; k < 4; ++k) geometry[4 * i + k] = in.next_float();
     fcu[i] = in.next_float();
-    const std::uint32_t b = bits_of(in.next_float());
+    const std::uint32_t b = in.next_bits();
     edge[i] = static_cast<int32_t>(b % 4);
     material[i] = static_cast<int32_t>(b / 4 % 4);
   }
@@ -63,7 +48,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   // A refusal says why and writes no result; a success gives results in range
   // (a subnormal Fcu may cripple at 0) and a warning line or blanks.
   const bool refused = ierr != 0, error_line = message.rfind("Error! ", 0) == 0;
-  if (ierr < 0 || ierr > 12 || error_line != refused) std::abort();
+  corvane::fuzz::require(ierr >= 0 && ierr <= 12 && error_line == refused);
   bool bad = refused ? mode != -1 || s[2] != -1.0f
                      : (mode != 1 && mode != 2) || !(s[6] >= 0.0f) || s[5] > s[2] ||
                            (message.rfind("Warning! ", 0) != 0 &&
@@ -73,6 +58,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
                           : !(t[i] > 0.0f) || !(fcc[i] >= 0.0f) || fcc[i] > used[i] ||
                                 warning[i] < 0 || warning[i] > 2);
   }
-  if (bad) std::abort();
+  corvane::fuzz::require(!bad);
   return 0;
 }

@@ -14,29 +14,12 @@
 #include "corvane/corvane.h"
 
 typedef struct {
-  void (*laminate_stiffness)(const float*, const float*, const float*, const float*,
-                             const float*, const float*, const float*, const char*,
-                             int64_t, int32_t*, float*, float*, float*, float*, float*,
-                             float*, float*, float*, float*, float*, float*, float*,
-                             int32_t*, char*, int64_t, int32_t*);
-  void (*bi_material_laminate_stiffness)(const float*, const float*, const float*,
-                                         const float*, const float*, const float*,
-                                         const float*, const float*, const float*,
-                                         const float*, const float*, const float*,
-                                         const float*, const float*, const char*, int64_t,
-                                         int32_t*, float*, float*, float*, float*, float*,
-                                         float*, float*, float*, float*, float*, float*,
-                                         float*, int32_t*, char*, int64_t, int32_t*);
-  void (*strains_in_plane)(const float*, const float*, const float*, const float*,
-                           const float*, const float*, const float*, const float*, float*,
-                           float*, float*, float*, float*, int32_t*);
-  void (*plate_buckling_loads)(const float*, const float*, const float*, float*, float*,
-                               float*, int32_t*);
-  void (*plate_buckling_rf)(const float*, const float*, const float*, const float*,
-                            const float*, const float*, float*, int32_t*);
-  void (*shell_buckling_loads)(const float*, const float*, const float*, const float*,
-                               const float*, const float*, float*, float*, float*,
-                               int32_t*);
+  __typeof__(LAMINATE_STIFFNESS)* laminate_stiffness;
+  __typeof__(BI_MATERIAL_LAMINATE_STIFFNESS)* bi_material_laminate_stiffness;
+  __typeof__(LAMINATE_STRAINS_IN_PLANE)* strains_in_plane;
+  __typeof__(LAMINATE_RECTANGULAR_SS_BUCKLING_LOADS)* plate_buckling_loads;
+  __typeof__(LAMINATE_RECTANGULAR_SS_BUCKLING_RF)* plate_buckling_rf;
+  __typeof__(LAMINATE_SHELL_BUCKLING_LOADS)* shell_buckling_loads;
 } corvane_entry_points;
 
 /* Writes one line per case to out; returns the number of cases. */
