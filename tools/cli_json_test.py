@@ -62,7 +62,6 @@ CASES = [
      "D12 = 0 is not positive, so the flat-panel shear estimate is 0"),
     ("strength --criterion tsai_wu,foo", 1, 'unknown criterion "foo"; the criteria are TSAI_HILL, '
      "TSAI_WU, HOFFMAN, YAMADA_SUN, PUCK, MAX_STRAIN_I, MTS, or all (library error code 2"),
-    ("strength --criterion aosl", 1, "Criterion AOSL not available"),
     ("strength --criterion mts2", 1, "", 3),
     ("strength --f2c 0 --criterion puck", 1,
      "F2c missing (material 1, criterion PUCK): give --f2c (library error code 4"),
@@ -90,11 +89,9 @@ CASES = [
     ("crippling --segment b=200,edge=OEF", 0, "crippling: warning: segment 1: b/t above 4-30 (OEF"),
     ("crippling --segment b=20", 2, "crippling: --segment b=20: a segment needs b= and edge="),
     ("crippling --length 300", 2, ""),
-    ("crippling --segment b=-20,edge=OEF", 1, ""),
     ("crippling --segment b=20,edge=OEF --fixity -1", 1, "crippling: end fixity coefficient -1 is"),
     ("crippling --segment 'b=20,edge=OEF,layup=(0/9x)'", 1,
      'crippling: segment 1: the layup "(0/9x)" is refused at character 4: unreadable ply angle'),
-    ("crippling --segment b=20,edge=OEF --criterion aosl", 1, ""),
     ("crippling --section @", 1, 'crippling: @ line 2: unknown key "q"',
      "b=20,edge=OEF\nb=20,edge=OEF,q=1\n"),
     ("materials", 0, ""),
@@ -189,19 +186,8 @@ def test_materials_by_name_and_where_they_are_found(tmp_path):
     tape = " CPT 0.2\n E1 140000\n E2 9000\n G12 4600\n V12 0.3\n TENSION 2000\n COMPRESSION 1400\nEND\n"
     (tmp_path / "bases").mkdir()
     (tmp_path / "bases" / "office.mat").write_text("MATERIAL T300/5208\n" + tape)
-    (tmp_path / "bad.mat").write_text("MATERIAL X\n E9 3\n" + tape)
     bases = str(tmp_path / "bases")
     assert run("materials --where T300/5208", bases).stdout == f"{bases}/office.mat:1\n"
-    thick = json.loads(run("stiffness --material T300/5208 --json", bases).stdout)
-    assert thick["results"]["thickness"] == pytest.approx(1.6)
-    faulty = f"corvane materials: faulty material data:\n  {tmp_path}/"
-    for args, err in [
-        (f"materials show X --materials {tmp_path}/bad.mat", f'{faulty}bad.mat:2: unknown key "E9"\n'),
-        (f"materials --where X --materials {tmp_path}/none",
-         f"{faulty}none: no such file or directory\n"),
-    ]:
-        done = run(args)
-        assert (done.returncode, done.stderr, done.stdout) == (1, err, "")
 
 
 @pytest.mark.parametrize("args, shown", re.findall(

@@ -160,8 +160,11 @@ TEST(Inverse3x3, AgainstHandInversesAndTheTolerance) {
     const Matrix3 inv = inverse3x3(c.m, c.tolerance, &status);
     EXPECT_EQ(status, singular ? kInverseSingular : kInverseOk) << c.m(1, 1);
     for (int e = 0; e < 9; ++e) {
-      if (singular) EXPECT_TRUE(std::isnan(inv.v[e])) << c.m(1, 1);
-      if (!singular) EXPECT_EQ(inv.v[e], c.inverse.v[e]) << c.m(1, 1) << " " << e;
+      if (singular) {
+        EXPECT_TRUE(std::isnan(inv.v[e])) << c.m(1, 1);
+      } else {
+        EXPECT_EQ(inv.v[e], c.inverse.v[e]) << c.m(1, 1) << " " << e;
+      }
     }
   }
 }

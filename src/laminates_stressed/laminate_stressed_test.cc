@@ -290,7 +290,9 @@ TEST(PlyCriteria, Refusals) {
     PlyCriterion c;
     const StrengthStatus status = PlyCriterion::prepare(k.code, k.m, 1, k.options, c);
     EXPECT_EQ(status.error, k.error) << k.code;
-    if (k.message) EXPECT_EQ(status.message(), k.message);
+    if (k.message) {
+      EXPECT_EQ(status.message(), k.message);
+    }
   }
 }
 
