@@ -224,7 +224,7 @@ def _call_stiffness(
     # The four matrices read-only over one copy of the results, each read in
     # column order through its strides.
     # (Indexed: unpacking by iteration costs twice as much.)
-    m = np.ndarray((4, 3, 3), np.float32, raw, 0, (36, 4, 12))
+    m: np.ndarray = np.ndarray((4, 3, 3), np.float32, raw, 0, (36, 4, 12))
     a, b, d, dstar = m[0], m[1], m[2], m[3]
     # Made without the frozen class's __init__, whose checked assignment of
     # each field costs more than the rest of the result.
