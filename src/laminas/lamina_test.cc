@@ -305,6 +305,8 @@ TEST(StressConcentration, AgainstEngineeringConstants) {
 TEST(PointStress, PublishedDistanceByHandAndItsInverse) {
   EXPECT_NEAR(point_stress_ratio(point_stress_xi(6.35f, 1.016f), 3), 0.56147, 2e-5);
   EXPECT_NEAR(point_stress_ratio(point_stress_xi(10.16f, 1.016f), 3), 0.48295, 2e-5);
+  // An orthotropic K_T = 5 at xi = 0.6, by hand: 2/(2.7488 - 2 x 0.11570688).
+  EXPECT_NEAR(point_stress_ratio(0.6f, 5.0f), 0.794475, 1e-6);
   EXPECT_FLOAT_EQ(point_stress_ratio(1.0f, 6.75f), 1.0f / 6.75f);
   EXPECT_FLOAT_EQ(point_stress_ratio(0.7f, 50.0f), 1.0f / 50.0f);
   for (const float d0 : {0.2f, 1.016f, 10.0f}) {
