@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "plane_stresses_strains/membrane_strains.h"
 #include "plane_stresses_strains/plane_strain.h"
 
 namespace corvane {
@@ -87,6 +88,20 @@ TEST(PlaneStrain, RotationAndNormalStrain) {
   EXPECT_NEAR(e.gxy / kMicro, 0.0f, 1e-3f);
   EXPECT_NEAR(e.theta_p, 0.0f, 1e-5f);
   EXPECT_TRUE(e.e1 == before.e1 && e.e2 == before.e2);
+}
+
+// Each modulus is accepted from 1e-6 up and refused just below.
+TEST(MembraneStrains, ModuliFromOneMillionthUp) {
+  constexpr float kLow = 1.0e-6f, kBelow = 0.99e-6f;
+  const struct {
+    float ex, ey, gxy;
+    int code;
+  } cases[] = {
+      {kLow, kLow, kLow, 0}, {kBelow, 1, 1, 1}, {1, kBelow, 1, 1}, {1, 1, kBelow, 1}};
+  for (const auto& c : cases) {
+    MembraneStrains e{};
+    EXPECT_EQ(membrane_strains(1, c.ex, c.ey, c.gxy, 0.3f, 1, 1, 1, e), c.code) << c.ex;
+  }
 }
 
 }  // namespace
