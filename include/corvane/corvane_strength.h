@@ -540,10 +540,12 @@ CORVANE_STRENGTH_API void STRAINS_IN_PLANE_MANY(
  * ierr                   out: the codes of the entry point of corvane.h;
  *                        3 materials neither 1 nor 2 (nothing else written)
  */
-CORVANE_STRENGTH_API void LAMINATE_STIFFNESS_PACKED(
-    const int32_t* materials, const float* constants, const char* layup,
-    int64_t layup_length, float* results, int32_t* counts, char* cards,
-    int64_t cards_length, int32_t* ierr);
+CORVANE_STRENGTH_API void LAMINATE_STIFFNESS_PACKED(const int32_t* materials,
+                                                    const float* constants,
+                                                    const char* layup,
+                                                    int64_t layup_length, float* results,
+                                                    int32_t* counts, char* cards,
+                                                    int64_t cards_length, int32_t* ierr);
 
 #ifdef __cplusplus
 }
