@@ -91,4 +91,15 @@ std::vector<float> read_load_cases(const std::string& path) {
   return loads;
 }
 
+void add_load_file_options(CLI::App& app, std::string& loads_file,
+                           std::string& out_file) {
+  app.add_option("--loads", loads_file,
+                 "read the load cases from a CSV file: a header naming columns among "
+                 "Nx, Ny, Nxy, Mx, My, Mxy, dT, then one case a line")
+      ->type_name("FILE");
+  app.add_option("--out", out_file,
+                 "with --loads, write the results to FILE (default standard output)")
+      ->type_name("FILE");
+}
+
 }  // namespace corvane::cli

@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include <CLI/CLI.hpp>
+
 #include "laminates_stressed/laminate_stressed.h"
 
 namespace corvane::cli {
@@ -36,5 +38,8 @@ struct LoadFileError {
 // case a line; blank lines are skipped. Every value is read before any result
 // is computed. Throws LoadFileError.
 std::vector<float> read_load_cases(const std::string& path);
+
+// The --loads FILE and --out FILE options of a command that takes many cases.
+void add_load_file_options(CLI::App& app, std::string& loads_file, std::string& out_file);
 
 }  // namespace corvane::cli

@@ -58,13 +58,7 @@ class KeyedLaminateCommand : public Command {
     add_real_option(*app_, "--f1c", f1c_,
                     "compressive strength along the fibres (default 1500; below 1 a "
                     "strain)");
-    app_->add_option("--loads", loads_file_,
-                     "read the load cases from a CSV file: a header naming columns among "
-                     "Nx, Ny, Nxy, Mx, My, Mxy, dT, then one case a line")
-        ->type_name("FILE");
-    app_->add_option("--out", out_file_,
-                     "with --loads, write the results to FILE (default standard output)")
-        ->type_name("FILE");
+    add_load_file_options(*app_, loads_file_, out_file_);
     app_->add_flag("--json", json_, "print the results as JSON");
     laminate_.add_to(*app_);
   }

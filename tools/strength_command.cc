@@ -163,13 +163,7 @@ class StrengthCommand : public Command {
                     "Puck's inclination p+ in [0, 1) (default 0.35, carbon)");
     add_real_option(*app_, "--puck-p-minus", p_minus_,
                     "Puck's inclination p- in [0, 1) (default 0.30, carbon)");
-    app_->add_option("--loads", loads_file_,
-                     "read the load cases from a CSV file: a header naming columns among "
-                     "Nx, Ny, Nxy, Mx, My, Mxy, dT, then one case a line")
-        ->type_name("FILE");
-    app_->add_option("--out", out_file_,
-                     "with --loads, write the results to FILE (default standard output)")
-        ->type_name("FILE");
+    add_load_file_options(*app_, loads_file_, out_file_);
     app_->add_flag("--json", json_, "print the results as JSON");
     laminate_.add_to(*app_);
     const PlyStrengths built_in = built_in_strengths();
