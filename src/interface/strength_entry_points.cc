@@ -296,6 +296,17 @@ struct KeyedMaterial {
   std::string_view properties;
 };
 
+// The host's keyed material, read in the argument order both entry points share.
+KeyedMaterial host_keyed_material(const float* t, const float* e1, const float* e2,
+                                  const float* g12, const float* nu12,
+                                  const float* tension, const float* compression,
+                                  const char* properties) {
+  return {*t,           *e1,
+          *e2,          *g12,
+          *nu12,        *tension,
+          *compression, host_text(properties, CORVANE_STRENGTH_PROPERTIES_LENGTH)};
+}
+
 // Builds the material and applies its properties in order; the notched
 // strengths are refused when no characteristic distance follows from them.
 Outcome keyed_material(const KeyedMaterial& k, LAMINA& m) {
@@ -499,14 +510,8 @@ CORVANE_STRENGTH_API void NOTCHED_LAMINATE_STRENGTH(
                     fastener_loads, rf, message)) {
     return;
   }
-  const KeyedMaterial m = {*t,
-                           *e1,
-                           *e2,
-                           *g12,
-                           *nu12,
-                           *tension_allowable,
-                           *compression_allowable,
-                           host_text(properties, CORVANE_STRENGTH_PROPERTIES_LENGTH)};
+  const KeyedMaterial m = host_keyed_material(t, e1, e2, g12, nu12, tension_allowable,
+                                              compression_allowable, properties);
   write_outcome(
       [&] {
         return notched_strength(m, host_text(layup, CORVANE_STRENGTH_LAYUP_LENGTH),
@@ -530,14 +535,8 @@ CORVANE_STRENGTH_API void IMPACT_LAMINATE_STRENGTH(
                     rf, message)) {
     return;
   }
-  const KeyedMaterial m = {*t,
-                           *e1,
-                           *e2,
-                           *g12,
-                           *nu12,
-                           *tension_allowable,
-                           *compression_allowable,
-                           host_text(properties, CORVANE_STRENGTH_PROPERTIES_LENGTH)};
+  const KeyedMaterial m = host_keyed_material(t, e1, e2, g12, nu12, tension_allowable,
+                                              compression_allowable, properties);
   write_outcome(
       [&] {
         return impact_strength(m, host_text(layup, CORVANE_STRENGTH_LAYUP_LENGTH),
