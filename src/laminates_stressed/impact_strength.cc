@@ -80,13 +80,7 @@ StrengthStatus ImpactPlan::evaluate(std::span<const float> loads,
     status.name = loads.size() % kLoadCaseValues != 0 ? "loads" : "rf";
     return status;
   }
-  for (std::size_t i = 0; i < loads.size(); ++i) {
-    if (!std::isfinite(loads[i])) {
-      status.error = StrengthError::non_finite_load;
-      status.load_case = static_cast<std::int64_t>(i / kLoadCaseValues + 1);
-      return status;
-    }
-  }
+  if (status = finite_loads(loads); !status.ok()) return status;
   for (std::size_t i = 0; i < ncases; ++i) {
     const float* load = &loads[i * kLoadCaseValues];
     const Vector3 an = matrix_vector_product(inverse_[0], {load[0], load[1], load[2]});

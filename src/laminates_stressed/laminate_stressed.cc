@@ -192,13 +192,7 @@ StrengthStatus StrengthPlan::evaluate(std::span<const float> loads,
       !fits("midplane", out.midplane.size(), ncases * 6)) {
     return status;
   }
-  for (std::size_t i = 0; i < loads.size(); ++i) {
-    if (!std::isfinite(loads[i])) {
-      status.error = StrengthError::non_finite_load;
-      status.load_case = static_cast<std::int64_t>(i / kLoadCaseValues + 1);
-      return status;
-    }
-  }
+  if (status = finite_loads(loads); !status.ok()) return status;
 
   // Stresses in columns, a block of plies at a time, so that each criterion
   // runs over many surfaces in one tight loop.
@@ -310,18 +304,23 @@ StrengthStatus StrengthPlan::evaluate(std::span<const float> loads,
   return status;
 }
 
+StrengthStatus finite_loads(std::span<const float> loads) {
+  StrengthStatus status;
+  for (std::size_t i = 0; i < loads.size(); ++i) {
+    if (!std::isfinite(loads[i])) {
+      status.error = StrengthError::non_finite_load;
+      status.load_case = static_cast<std::int64_t>(i / kLoadCaseValues + 1);
+      break;
+    }
+  }
+  return status;
+}
+
 StrengthStatus StrengthPlan::state(const LoadCase& load, LaminateState& out) const {
   if (!status_.ok()) return status_;
   const float row[kLoadCaseValues] = {load.Nx, load.Ny,  load.Nxy, load.Mx,
                                       load.My, load.Mxy, load.dT};
-  StrengthStatus status;
-  for (float x : row) {
-    if (!std::isfinite(x)) {
-      status.error = StrengthError::non_finite_load;
-      status.load_case = 1;
-      return status;
-    }
-  }
+  if (StrengthStatus status = finite_loads(row); !status.ok()) return status;
   LaminateState result;
   const std::array<float, 6> e = midplane(row);
   for (std::size_t i = 0; i < 6; ++i)
@@ -345,7 +344,7 @@ StrengthStatus StrengthPlan::state(const LoadCase& load, LaminateState& out) con
     result.surfaces.push_back(p);
   });
   out = std::move(result);
-  return status;
+  return {};
 }
 
 StrengthStatus LAMINATESTRESSED::strength_report(const LoadCase& load,

@@ -48,6 +48,10 @@ struct LoadCase {
 // A load case as a row of floats, in the order of LoadCase.
 inline constexpr std::size_t kLoadCaseValues = 7;
 
+// Load cases as rows of kLoadCaseValues floats: the non-finite load error with
+// the 1-based case of the first non-finite value, or ok.
+StrengthStatus finite_loads(std::span<const float> loads);
+
 // Surfaces of a ply, numbered from its bottom (the side of z = -h/2).
 enum class Surface : std::int32_t { bottom = 1, middle = 2, top = 3 };
 inline constexpr std::size_t kSurfaces = 3;
