@@ -19,7 +19,6 @@
 #include "laminates_stressed/laminate_stressed.h"
 #include "laminates_stressed/notched_strength.h"
 #include "laminates_stressed/ply_criteria.h"
-#include "refused_inputs.h"
 #include "support/entry_point_table.h"
 #include "support/test_support.h"
 #include "util/fixed_width.h"
@@ -145,9 +144,8 @@ TEST(StiffnessEntries, TheLayupIsReadAsExactlyOneThousandCharacters) {
   }
 }
 
-// The cards are the deck cut to exactly 10000 characters; one material given
-// twice is the single-material call, bit for bit but for the cards.
-TEST(StiffnessEntries, CardsAreTheDeckCutAndTheCallsAgree) {
+// The cards are the deck cut to exactly 10000 characters.
+TEST(StiffnessEntries, CardsAreTheDeckCut) {
   std::string layup = "(0";
   for (int i = 1; i < 127; ++i) layup += "/" + std::to_string(i % 4 * 30);
   layup += ")$";
@@ -160,16 +158,6 @@ TEST(StiffnessEntries, CardsAreTheDeckCutAndTheCallsAgree) {
   parse_stacking_sequence(layup, angles, &materials);
   const LAMINATESTRESSED lam(lamina_of(kTape), lamina_of(kFabric), angles, materials);
   EXPECT_EQ(a.text_of(29), pad_or_cut(bulk_data_cards(lam), CORVANE_CARDS_LENGTH));
-
-  const Arguments single = called("LAMINATE_STIFFNESS"),
-                  twice = called("BI_MATERIAL_LAMINATE_STIFFNESS", [](Arguments&t) {
-                    t.retext(14, "(0/45/-45/90)S");
-                    for (std::size_t i = 0; i < 7; ++i) t[7 + i] = t[i];
-                  });
-  for (std::size_t i = 8; i < 24; ++i) {
-    if (i == 22) continue;  // the cards name two materials
-    EXPECT_EQ(twice[7 + i], single[i]) << i;
-  }
 }
 
 // One variable passed as an input and as an output: the plate's loads are
@@ -380,32 +368,6 @@ TEST(ManyEntries, EachElementIsTheOneElementCall) {
         EXPECT_EQ(s.code(), m.get<std::int32_t>(s.size(), k)) << many;
       }
     }
-  }
-}
-
-// The table of refused inputs (tests/testdata/refused_inputs.tsv), which the
-// command's and the package's tests run too: the code of the entry point, and
-// the reason the core gives for it.
-TEST(StiffnessEntries, TheSharedTableOfRefusedInputs) {
-  const std::vector<RefusedInput> rows = refused_inputs(CORVANE_REFUSED_INPUTS);
-  ASSERT_FALSE(rows.empty());
-  for (const RefusedInput& row : rows) {
-    float m[5];
-    for (int k = 0; k < 5; ++k) m[k] = std::stof(row.material[k]);
-    Arguments b = entry_point("LAMINATE_STIFFNESS").arguments().retext(7, row.layup);
-    for (int k = 0; k < 7; ++k) b.set(k, 0, k < 5 ? m[k] : 0.0f);  // no expansion
-    EXPECT_EQ(called(entry_point("LAMINATE_STIFFNESS"), b).code(), row.code) << row.layup;
-    // The material is judged first, as the entry point does.
-    std::string reason = lamina_fault(m[0], m[1], m[2], m[3], m[4]);
-    StackingRefusal refusal;
-    if (reason.empty()) {
-      std::vector<float> angles;
-      EXPECT_NE(parse_stacking_sequence(b.text_of(7), angles, nullptr, &refusal),
-                kStackingOk);
-      reason = refusal.reason;
-    }
-    EXPECT_NE(reason.find(row.reason), std::string::npos) << reason;
-    EXPECT_EQ(refusal.position, row.position) << row.layup;
   }
 }
 

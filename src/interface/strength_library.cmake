@@ -61,8 +61,6 @@ if(CORVANE_BUILD_TESTS AND NOT WIN32)
   corvane_add_test(entry_points_test entry_points_test.cc
                    packed_stiffness_entry_point_test.cc
                    LIBS laminates_stressed cards crippling_sections)
-  target_compile_definitions(entry_points_test PRIVATE
-    CORVANE_REFUSED_INPUTS="${PROJECT_SOURCE_DIR}/tests/testdata/refused_inputs.tsv")
   set(tests entry_points_test)
   if(NOT CORVANE_SANITIZED)
     corvane_add_test(entry_points_out_of_memory_test entry_points_out_of_memory_test.cc)

@@ -70,19 +70,20 @@ TEST(NewLamina, RefusalsNameTheFirstBadInputAndSetNothing) {
   const struct {
     const char* what;
     std::array<float, 7> args;  // CPT, E1, E2, G12, v12, tension, compression
-  } cases[] = {{"CPT", {0.99e-5f, -1, 70000, 5000, 0.1f, 500, 500}},
-               {"E1", {0.2f, -1, 70000, 5000, 0.1f, 500, 500}},
-               {"E2", {0.2f, 70000, -1, 5000, 0.1f, 500, 500}},
-               {"G12", {0.2f, 70000, 70000, -1, 0.1f, 500, 500}},
-               {"v12", {0.2f, 70000, 70000, 5000, -0.1f, 500, 500}},
-               {"tension_allowable", {0.2f, 70000, 70000, 5000, 0.1f, -0.01f, 500}},
-               {"compression_allowable", {0.2f, 70000, 70000, 5000, 0.1f, 500, -1}}};
+  } cases[] = {
+      {"CPT = 9.9e-06 is below 1.0e-5", {0.99e-5f, -1, 70000, 5000, 0.1f, 500, 500}},
+      {"E1 = -1 is negative", {0.2f, -1, 70000, -5, 0.1f, 500, 500}},
+      {"E2 = -1 is negative", {0.2f, 70000, -1, 5000, 0.1f, 500, 500}},
+      {"G12 = -1 is negative", {0.2f, 70000, 70000, -1, 0.1f, 500, 500}},
+      {"v12 = -0.1 is negative", {0.2f, 70000, 70000, 5000, -0.1f, 500, 500}},
+      {"tension_allowable = -0.01 is negative",
+       {0.2f, 70000, 70000, 5000, 0.1f, -0.01f, 500}},
+      {"compression_allowable = -1 is negative",
+       {0.2f, 70000, 70000, 5000, 0.1f, 500, -1}}};
   for (const auto& [what, a] : cases) {
     const LAMINA m = new_lamina(a[0], a[1], a[2], a[3], a[4], a[5], a[6], "bad");
     EXPECT_EQ(m.status, -1) << what;
-    EXPECT_EQ(lamina_fault(a[0], a[1], a[2], a[3], a[4], a[5], a[6])
-                  .rfind(std::string(what) + " = ", 0),
-              0u);
+    EXPECT_EQ(lamina_fault(a[0], a[1], a[2], a[3], a[4], a[5], a[6]).rfind(what, 0), 0u);
     EXPECT_EQ(m.Name, "bad");
     for (float f : {m.F1t, m.F1c, m.e1tu, m.uetall, m.uecall, m.DENSITY, m.CPT, m.E1}) {
       EXPECT_EQ(f, 0.0f) << what;

@@ -65,37 +65,52 @@ TEST(StackingSequence, AcceptedTexts) {
   }
 }
 
+// Each refusal with its status, a piece of its reason and the character it
+// points at (0: none).
 TEST(StackingSequence, RefusedTexts) {
   const struct {
     std::string text;
     int status;
+    const char* reason;
+    std::size_t position;
   } cases[] = {
-      {"", kStackingSyntax},
-      {"()", kStackingSyntax},       // fewer than 3 characters
-      {"(0/90", kStackingSyntax},    // no ")"
-      {"0/90)", kStackingSyntax},    // does not begin with "("
-      {"0/90)2", kStackingSyntax},   // no group to repeat
-      {"(0/90)X", kStackingSyntax},  // unknown mark
-      {"(0/90)s", kStackingSyntax},  // marks are case sensitive
-      {"()S", kStackingSyntax},      // mark on fewer than 4 characters
-      {"(0/90)0", kStackingSyntax},  // count 0 leaves no group, as would a negative one
+      {"", kStackingSyntax, "shorter than 3 characters", 0},
+      {"()", kStackingSyntax, "shorter than 3 characters", 0},
+      {"(0/90", kStackingSyntax, "no \")\"", 0},
+      {"0/90)S", kStackingSyntax, "does not begin with \"(\"", 1},
+      {"0/90)2", kStackingSyntax, "", 1},  // no group to repeat
+      {"(0/90)X", kStackingSyntax, "unreadable ending", 7},
+      {"(0/90)s", kStackingSyntax, "", 7},  // marks are case sensitive
+      {"()S", kStackingSyntax, "no ply listed", 3},
+      {"(0/90)0", kStackingSyntax, "", 7},  // no group left, as a negative count
+      {"(0/90)0S", kStackingSyntax, "repeat count below 1", 7},
       // The readers' statuses pass through.
-      {"(0/90)S2", kReadBadSyntax},  // repeat count unreadable
-      {"(0/90) S", kReadBadSyntax},
-      {"(0/90)99999999999", kReadOutOfRange},
-      {"(0//90)", kReadBadSyntax},  // empty token
-      {"(0 90)", kReadBadSyntax},   // two numbers in one token
-      {"(0/90))", kReadBadSyntax},  // ")" kept as a mark joins the last token
-      {"(1e39)", kReadOutOfRange},
-      {"()2", kReadBadSyntax},  // the copies of an empty group are empty tokens
+      {"(0/90)S2", kReadBadSyntax, "unreadable ending", 7},
+      {"(0/90) S", kReadBadSyntax, "", 7},
+      {"(0/90)99999999999", kReadOutOfRange, "repeat count out of range", 7},
+      {"(0//90)", kReadBadSyntax, "empty ply angle", 4},
+      {"  (0//90)", kReadBadSyntax, "empty ply angle", 6},
+      {"(0/90/)2", kReadBadSyntax, "empty ply angle", 7},
+      {"(0 90)", kReadBadSyntax, "", 2},   // two numbers in one token
+      {"(0/90))", kReadBadSyntax, "", 4},  // ")" kept as a mark joins the last token
+      {"(0/90)2)", kReadBadSyntax, "unreadable ply angle", 4},
+      {"(0/4x5)S", kReadBadSyntax, "unreadable ply angle", 4},
+      {"(1e39)", kReadOutOfRange, "", 2},
+      {"(0/1D40)", kReadOutOfRange, "ply angle out of range", 4},
+      {"()2", kReadBadSyntax, "", 2},  // the copies of an empty group are empty tokens
+      {"(0/90)64S", kStackingTooManyPlies, "more than 255 plies", 0},
   };
   for (const auto& c : cases) {
     // Stale content is released even though the parse fails.
     Angles angles = {1, 2};
     Materials materials = {1, 2};
-    EXPECT_EQ(parse_stacking_sequence(c.text, angles, &materials), c.status) << c.text;
-    EXPECT_TRUE(angles.empty()) << c.text;
-    EXPECT_TRUE(materials.empty()) << c.text;
+    StackingRefusal refusal;
+    EXPECT_EQ(parse_stacking_sequence(c.text, angles, &materials, &refusal), c.status)
+        << c.text;
+    EXPECT_EQ(refusal.status, c.status) << c.text;
+    EXPECT_NE(refusal.reason.find(c.reason), std::string::npos) << refusal.reason;
+    EXPECT_EQ(refusal.position, c.position) << c.text;
+    EXPECT_TRUE(angles.empty() && materials.empty()) << c.text;
   }
 }
 

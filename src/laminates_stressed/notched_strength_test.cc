@@ -104,23 +104,19 @@ TEST(Notched, RefusalsWriteNothing) {
 
 // After impact, [0]8 (Ex = E1 = 140000, Eiso = 53414.43 by hand, h = 1): CAIH =
 // 2 uecall/3 = 0.0071429, so 1000 N/mm of compression is at RF 1 (CAIE: 0.5).
-// Each model form by hand for 10 J, F = 0.83:
-//  T03 a0, a1, b0, b1 = 0.001, 0.002, 0.001, 0.003, c0 = c1 = 5000, r = Eiso/Ex:
-//      0.83 (a0 r + a1 + (b0 r + b1) exp(-(c0 r + c1) 10/(1 * 140000))) = 0.0036903
+// T04 and T05 by hand for 10 J, F = 0.83 (T03 and T06 take T04's path; their
+// formulas are the damage model's tests):
 //  T04 k2, k3, k0, k1 = 0.003, 0.5, 0.004, 0.2, r = Ex/Eiso:
 //      0.83 (k2/r^k3 + k0 exp(-2)) = 0.0019873
 //  T05 0.83 k0 exp(-2) = 0.00044931
-//  T06 0.83 ((1 - (r - 1) k3) k2 + k0 exp(-2)) = 0.00092115
 //  T04 with k2 = 300, k0 = 200 gives a stress, 176.27 MPa: strain 0.0012591.
-TEST(Impact, EachModelFormByHand) {
+TEST(Impact, ModelFormsByHand) {
   const struct {
     std::int32_t form;
     std::array<float, 6> k;  // a0 a1 b0 b1 c0 c1, or k2 k3 k0 k1
     double allowable;
-  } rows[] = {{3, {0.001f, 0.002f, 0.001f, 0.003f, 5000, 5000}, 0.0036902689},
-              {4, {0.003f, 0.5f, 0.004f, 0.2f}, 0.0019873425},
+  } rows[] = {{4, {0.003f, 0.5f, 0.004f, 0.2f}, 0.0019873425},
               {5, {0.003f, 0.5f, 0.004f, 0.2f}, 0.00044931314},
-              {6, {0.003f, 0.5f, 0.004f, 0.2f}, 0.00092114987},
               {4, {300, 0.5f, 200, 0.2f}, 0.0012590614}};
   for (const auto& row : rows) {
     LAMINA m = Tape();

@@ -22,20 +22,6 @@ MaterialEntry only(const std::string& text) {
   return c.materials.empty() ? MaterialEntry{} : c.materials[0];
 }
 
-TEST(MaterialFile, InstalledTapesReadWhole) {
-  const MaterialCatalog catalog(
-      std::vector<MaterialPlace>{{CORVANE_MATERIALS_DIR, true}});
-  EXPECT_TRUE(catalog.faults().empty());
-  const MaterialEntry* t300 = catalog.find(" t300/5208 ");
-  ASSERT_NE(t300, nullptr);
-  const LAMINA& m = t300->lamina;
-  EXPECT_EQ(m.status, 0);
-  EXPECT_FALSE(m.is_fabric);
-  EXPECT_EQ(m.E1 + m.F1c + m.F2c + m.F12, 181000.0f + 1500 + 246 + 68);
-  EXPECT_EQ(m.CTE2, 22.5e-6f);
-  EXPECT_EQ(catalog.sorted().size(), 3u);
-}
-
 // Keys reach the record through set_by_key, which owns their rules (F2T needs a
 // value above 0, CTE1 takes any); the damage line gets the unit factor and may
 // override the factor.

@@ -321,7 +321,10 @@ inline const std::vector<Refusal>& refusals() {
   static const std::vector<Refusal> rows = {
     {stiffness, [](A& a) { a.set(0, 0, 0.99e-5f); }, 1, "", zeroed},
     {"LAMINATE_STIFFNESS_PACKED", [](A& a) { a.set(0, 0, 3); }, 3, ""},
+    {"LAMINATE_STIFFNESS_PACKED", [](A& a) { a.set(0, 0, 0); }, 3, ""},
     {stiffness, [](A& a) { a.retext(7, "(0/90)S2"); }, 2, "", zeroed},
+    // The material is judged before the layup.
+    {stiffness, [](A& a) { a.set(4, 0, -0.1f).retext(7, "(0//90)"); }, 1, "", zeroed},
     {bi_stiffness, [](A& a) { a.set(11, 0, -0.1f); }, 1, "", bi_zeroed},
     {bi_stiffness, [](A& a) { a.retext(14, "(0/90."); }, 2, "", bi_zeroed},
     {"LAMINATE_STRAINS_IN_PLANE", [](A& a) { a.set(3, 0, 1e-7f); }, 1, "",
