@@ -341,6 +341,7 @@ inline const std::vector<Refusal>& refusals() {
     {bi_strength, [](A& a) { a.set(14 + 11, 0, 0.0f); }, 5, "F12 missing (material 2"},
     {strength, [](A& a) { a.set(18, 17, kInfinity); }, 6, "Load case 3 "},
     {strength, [](A& a) { a.set(17, 0, -1); }, 7, "-1 is negative"},
+    {strength, [](A& a) { a.set(17, 0, 0); }, 0, ""},  // no case: nothing to write
     {bi_strength, [](A& a) { a.retext(29, "TSAI_WU").set(30, 0, 1.0f); }, 9, "Option F12* out"},
     {strength, [](A& a) { a.set(16, 2, -0.1f); }, 9, "Option p- out"},
     {"MATERIAL_DATA", [](A& a) { a.retext(0, "T300/5280"); }, 2,
@@ -358,7 +359,7 @@ inline const std::vector<Refusal>& refusals() {
     {section, [](A& a) { a.set(1, 14 + 10, 0.0f); }, 5, "Segment 2: F2c missing (criterion"},
     {section, [](A& a) { a.set(4, 0, 0); }, 6, "Segment 1: edge condition 0"},
     {section, [](A& a) { a.set(5, 2, 3); }, 6, "Segment 3: material 3 is not one of 1 to 2"},
-    {section, [](A& a) { a.set(2, 0, 0); }, 7, "segments 0 is below 1"},
+    {section, [](A& a) { a.set(0, 0, 1).set(2, 0, 0); }, 7, "segments 0 is below 1"},
     {section, [](A& a) { a.set(0, 0, -1); }, 7, "materials -1 is below 1"},
     {section, [](A& a) { a.set(11, 0, 0.0f); }, 10, "fixity coefficient 0"},
     {section, [](A& a) { a.set(3, 0, 1e30f); }, 12, "single precision"},
@@ -369,6 +370,7 @@ inline const std::vector<Refusal>& refusals() {
     {impact, [](A& a) { a.retext(7, "CAIH=0 KFHC"); }, 10, "\"KFHC\""},  // CAIH=0 ignored
     {notched, [](A& a) { a.set(13, 1, kInfinity); }, 6, "Load case 2 "},
     {notched, [](A& a) { a.set(11, 0, -1); }, 7, "-1 is negative"},
+    {notched, [](A& a) { a.set(11, 0, 0); }, 0, ""},
     {notched, [](A& a) { a.set(10, 0, 0.0f); }, 9, "hole diameter out"},
     {impact, [](A& a) { a.set(10, 0, 0.0f); }, 9, "unit factor out"},
     {impact, [](A& a) { a.retext(9, "CDTM-T05X 1 2 3 4 5"); }, 11,
