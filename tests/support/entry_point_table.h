@@ -338,6 +338,7 @@ inline const std::vector<Refusal>& refusals() {
     {strength, [](A& a) { a.retext(15, " Xsai_wu"); }, 3, "criterion \"Xsai_wu\"."},
     {strength, [](A& a) { a.retext(15, "AOSL"); }, 4, "not available"},
     {strength, [](A& a) { a.set(9, 0, 0.0f); }, 5, "F2t missing (material 1"},
+    {strength, [](A& a) { a.set(9, 0, 0.0f).set(11, 0, -1.0f); }, 1, "F12 = -1 is negative"},
     {bi_strength, [](A& a) { a.set(14 + 11, 0, 0.0f); }, 5, "F12 missing (material 2"},
     {strength, [](A& a) { a.set(18, 17, kInfinity); }, 6, "Load case 3 "},
     {strength, [](A& a) { a.set(17, 0, -1); }, 7, "-1 is negative"},
