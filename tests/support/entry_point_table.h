@@ -35,30 +35,30 @@ class Arguments {
  public:
   // Scalars, one argument each.
   Arguments& each(std::initializer_list<float> values) {
-    for (const float v : values) add(&v, sizeof v, false);
+    for (const float v : values) add(&v, sizeof v, Kind::real);
     return *this;
   }
   // Array arguments, one for each list.
   Arguments& arrays(std::initializer_list<std::initializer_list<float>> lists) {
-    for (const auto& v : lists) add(v.begin(), v.size() * sizeof(float), false);
+    for (const auto& v : lists) add(v.begin(), v.size() * sizeof(float), Kind::real);
     return *this;
   }
   Arguments& integers(std::initializer_list<std::int32_t> values) {
-    return add(values.begin(), values.size() * sizeof(std::int32_t), false);
+    return add(values.begin(), values.size() * sizeof(std::int32_t), Kind::integer);
   }
   Arguments& text(std::string_view s, std::size_t length) {
     Bytes b(length, ' ');
     std::copy_n(s.begin(), std::min(s.size(), length), b.begin());
-    return add(b.data(), length, false);
+    return add(b.data(), length, Kind::text);
   }
   // `count` outputs of `values` floats or integers each.
   Arguments& out(std::size_t values, int count = 1) {
     for (int k = 0; k < count; ++k)
-      args_.push_back({Bytes(4 * values, kUnwritten), true});
+      args_.push_back({Bytes(4 * values, kUnwritten), Kind::output});
     return *this;
   }
   Arguments& out_text(std::size_t length) {
-    args_.push_back({Bytes(length, kUnwritten), true});
+    args_.push_back({Bytes(length, kUnwritten), Kind::output});
     return *this;
   }
   Arguments& message() {
@@ -67,7 +67,9 @@ class Arguments {
   }
 
   std::size_t size() const { return args_.size(); }
-  bool output(std::size_t i) const { return args_[i].output; }
+  enum class Kind { real, integer, text, output };
+  Kind kind(std::size_t i) const { return args_[i].kind; }
+  bool output(std::size_t i) const { return args_[i].kind == Kind::output; }
   Bytes& operator[](std::size_t i) { return args_[i].bytes; }
   const Bytes& operator[](std::size_t i) const { return args_[i].bytes; }
   template <typename T>
@@ -123,11 +125,11 @@ class Arguments {
  private:
   struct Argument {
     Bytes bytes;
-    bool output;
+    Kind kind;
   };
-  Arguments& add(const void* p, std::size_t n, bool output) {
+  Arguments& add(const void* p, std::size_t n, Kind kind) {
     const auto* b = static_cast<const unsigned char*>(p);
-    args_.push_back({Bytes(b, b + n), output});
+    args_.push_back({Bytes(b, b + n), kind});
     return *this;
   }
   std::vector<Argument> args_;

@@ -1,0 +1,139 @@
+// Every entry point of the table called on random variants of its good call
+// (each real scaled, now and then one made zero, negative, huge, infinite or
+// NaN, the layup and criterion drawn from a few), all the bytes of every call
+// hashed, must hash as tests/testdata/entry_point_digest.txt stores: what the
+// results digest does for the stiffness and buckling core, for the strength
+// half (ply criteria, notched and impact checks, crippling, solver deck) and
+// for the refusals' codes and reasons. A change meant to alter results writes
+// the file again (CORVANE_WRITE_DIGEST=1) and says so in its commit.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <fstream>
+#include <random>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "support/entry_point_table.h"
+
+namespace corvane::testing {
+namespace {
+
+constexpr int kVariants = 1000;
+
+class Random {
+ public:
+  // Through integer steps only: the standard distributions differ between
+  // standard libraries.
+  float uniform(float lo, float hi) {
+    return lo + (hi - lo) * static_cast<float>(engine_() >> 8) * 0x1p-24f;
+  }
+  std::size_t below(std::size_t n) { return engine_() % static_cast<std::uint32_t>(n); }
+
+ private:
+  std::mt19937 engine_{20261124u};
+};
+
+// A text of the good call starting so is replaced by one of these; "(" marks a
+// layup (the section's three in one argument stay).
+struct Alternatives {
+  std::string_view start;
+  std::vector<const char*> texts;
+};
+const Alternatives kTexts[] = {
+    {"(",
+     {"(0/45/-45/90)S", "(0/90)2S", "(45/-45)3", "(0/45./-45./90)S", "(30/-60/10)2$",
+      "(0.)", "(15/-75/90.)S"}},
+    {"PUCK ",
+     {"TSAI_HILL", "TSAI_WU", "HOFFMAN", "PUCK", "YAMADA_SUN", "MAX_STRAIN_I", "MTS"}},
+    {"all ", {"OHT", "OHC", "FHT", "FHC", "BEARING", "all"}},
+    {"CDTM-",
+     {"CDTM-T03 0.003 0.5 0.004 0.05 0.1 0.2 1", "CDTM-T04 0.003 0.5 0.004 0.05 1",
+      "CDTM-T05 0.003 0.5 0.004 0.05 1 0.9", "CDTM-T06 0.003 0.5 0.004 0.05 1", ""}},
+};
+
+void vary(Arguments& a, Random& r) {
+  std::vector<std::pair<std::size_t, std::size_t>> reals;  // argument, element
+  for (std::size_t i = 0; i < a.size(); ++i) {
+    if (a.kind(i) == Arguments::Kind::real) {
+      for (std::size_t k = 0; k < a[i].size() / 4; ++k) {
+        const float x = a.get<float>(i, k);
+        a.set(i, k,
+              x != 0.0f         ? x * r.uniform(0.6f, 1.4f)
+              : r.below(8) == 0 ? r.uniform(-200.0f, 200.0f)
+                                : 0.0f);
+        reals.push_back({i, k});
+      }
+    } else if (a.kind(i) == Arguments::Kind::text && a[i].size() <= 1000) {
+      for (const auto& [start, texts] : kTexts) {
+        if (a.text_of(i).rfind(start, 0) == 0) a.retext(i, texts[r.below(texts.size())]);
+      }
+    }
+  }
+  if (reals.empty() || r.below(10) >= 3) return;
+  const auto [i, k] = reals[r.below(reals.size())];
+  const float x = a.get<float>(i, k);
+  const float odd[] = {0.0f, -x, 1e30f, 1e-30f, kInfinity, std::nanf("")};
+  a.set(i, k, odd[r.below(6)]);
+}
+
+// FNV-1a over every byte of every argument, each NaN taken as one value (the
+// sign of a NaN from arithmetic differs between compilers).
+std::uint64_t hash(const Arguments& a, std::uint64_t h) {
+  for (std::size_t i = 0; i < a.size(); ++i) {
+    Bytes b = a[i];
+    for (std::size_t k = 0; a.kind(i) != Arguments::Kind::text && k + 4 <= b.size();
+         k += 4) {
+      float x;
+      std::memcpy(&x, &b[k], 4);
+      if (std::isnan(x)) std::memset(&b[k], 0xff, 4);
+    }
+    for (unsigned char c : b) h = (h ^ c) * 1099511628211ull;
+  }
+  return h;
+}
+
+std::vector<std::string> digest() {
+  std::vector<std::string> lines;
+  for (const EntryPoint& e : entry_points()) {
+    // Where the material files are is this machine's; their reading has its tests.
+    if (e.name.rfind("MATERIAL_", 0) == 0) continue;
+    Random r;
+    std::uint64_t h = 14695981039346656037ull;
+    int succeeded = 0;
+    for (int v = 0; v < kVariants; ++v) {
+      Arguments a = e.arguments();
+      vary(a, r);
+      e.call(a);
+      succeeded += a.code() == 0;
+      h = hash(a, h);
+    }
+    char line[120];
+    std::snprintf(line, sizeof line, "%s %d of %d succeed %016llx", e.name.c_str(),
+                  succeeded, kVariants, static_cast<unsigned long long>(h));
+    lines.push_back(line);
+  }
+  return lines;
+}
+
+TEST(EntryPointDigest, EveryCallOfEveryEntryPointHashesAsStored) {
+  setenv("BASES_DATOS", "", 1);
+  const std::vector<std::string> now = digest();
+  if (std::getenv("CORVANE_WRITE_DIGEST") != nullptr) {
+    std::ofstream out(CORVANE_ENTRY_POINT_DIGEST_FILE);
+    for (const std::string& line : now) out << line << '\n';
+  }
+  std::ifstream file(CORVANE_ENTRY_POINT_DIGEST_FILE);
+  std::vector<std::string> stored;
+  for (std::string line; std::getline(file, line);) stored.push_back(line);
+  EXPECT_EQ(now, stored) << "results changed; when that is meant, run this test with "
+                            "CORVANE_WRITE_DIGEST=1 and say so in the commit";
+}
+
+}  // namespace
+}  // namespace corvane::testing
