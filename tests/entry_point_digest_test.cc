@@ -12,32 +12,18 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
 #include <fstream>
-#include <random>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "results_digest.h"
 #include "support/entry_point_table.h"
 
 namespace corvane::testing {
 namespace {
 
 constexpr int kVariants = 1000;
-
-class Random {
- public:
-  // Through integer steps only: the standard distributions differ between
-  // standard libraries.
-  float uniform(float lo, float hi) {
-    return lo + (hi - lo) * static_cast<float>(engine_() >> 8) * 0x1p-24f;
-  }
-  std::size_t below(std::size_t n) { return engine_() % static_cast<std::uint32_t>(n); }
-
- private:
-  std::mt19937 engine_{20261124u};
-};
 
 // A text of the good call starting so is replaced by one of these; "(" marks a
 // layup (the section's three in one argument stay).
@@ -57,45 +43,45 @@ const Alternatives kTexts[] = {
       "CDTM-T05 0.003 0.5 0.004 0.05 1 0.9", "CDTM-T06 0.003 0.5 0.004 0.05 1", ""}},
 };
 
-void vary(Arguments& a, Random& r) {
+void vary(Arguments& a, Cases& r) {
   std::vector<std::pair<std::size_t, std::size_t>> reals;  // argument, element
   for (std::size_t i = 0; i < a.size(); ++i) {
     if (a.kind(i) == Arguments::Kind::real) {
       for (std::size_t k = 0; k < a[i].size() / 4; ++k) {
         const float x = a.get<float>(i, k);
         a.set(i, k,
-              x != 0.0f         ? x * r.uniform(0.6f, 1.4f)
-              : r.below(8) == 0 ? r.uniform(-200.0f, 200.0f)
-                                : 0.0f);
+              x != 0.0f      ? x * r.uniform(0.6f, 1.4f)
+              : r.chance(12) ? r.uniform(-200.0f, 200.0f)
+                             : 0.0f);
         reals.push_back({i, k});
       }
     } else if (a.kind(i) == Arguments::Kind::text && a[i].size() <= 1000) {
       for (const auto& [start, texts] : kTexts) {
-        if (a.text_of(i).rfind(start, 0) == 0) a.retext(i, texts[r.below(texts.size())]);
+        if (a.text_of(i).rfind(start, 0) == 0)
+          a.retext(i, texts[r.integer(0, static_cast<int>(texts.size()) - 1)]);
       }
     }
   }
-  if (reals.empty() || r.below(10) >= 3) return;
-  const auto [i, k] = reals[r.below(reals.size())];
+  if (reals.empty() || !r.chance(30)) return;
+  const auto [i, k] =
+      reals[static_cast<std::size_t>(r.integer(0, static_cast<int>(reals.size()) - 1))];
   const float x = a.get<float>(i, k);
   const float odd[] = {0.0f, -x, 1e30f, 1e-30f, kInfinity, std::nanf("")};
-  a.set(i, k, odd[r.below(6)]);
+  a.set(i, k, odd[r.integer(0, 5)]);
 }
 
-// FNV-1a over every byte of every argument, each NaN taken as one value (the
-// sign of a NaN from arithmetic differs between compilers).
-std::uint64_t hash(const Arguments& a, std::uint64_t h) {
+// Every byte of every argument, the reals and integers as values (each NaN
+// as one), the texts as they stand.
+void add(const Arguments& a, Digest& digest) {
   for (std::size_t i = 0; i < a.size(); ++i) {
-    Bytes b = a[i];
-    for (std::size_t k = 0; a.kind(i) != Arguments::Kind::text && k + 4 <= b.size();
-         k += 4) {
-      float x;
-      std::memcpy(&x, &b[k], 4);
-      if (std::isnan(x)) std::memset(&b[k], 0xff, 4);
+    if (a.kind(i) == Arguments::Kind::text) {
+      digest.bytes(a[i].data(), a[i].size());
+      continue;
     }
-    for (unsigned char c : b) h = (h ^ c) * 1099511628211ull;
+    for (std::size_t k = 0; k + 4 <= a[i].size(); k += 4)
+      digest.add(a.get<float>(i, k / 4));
+    digest.bytes(a[i].data() + a[i].size() / 4 * 4, a[i].size() % 4);
   }
-  return h;
 }
 
 std::vector<std::string> digest() {
@@ -103,19 +89,19 @@ std::vector<std::string> digest() {
   for (const EntryPoint& e : entry_points()) {
     // Where the material files are is this machine's; their reading has its tests.
     if (e.name.rfind("MATERIAL_", 0) == 0) continue;
-    Random r;
-    std::uint64_t h = 14695981039346656037ull;
+    Cases r(20261124u);
+    Digest digest;
     int succeeded = 0;
     for (int v = 0; v < kVariants; ++v) {
       Arguments a = e.arguments();
       vary(a, r);
       e.call(a);
       succeeded += a.code() == 0;
-      h = hash(a, h);
+      add(a, digest);
     }
     char line[120];
     std::snprintf(line, sizeof line, "%s %d of %d succeed %016llx", e.name.c_str(),
-                  succeeded, kVariants, static_cast<unsigned long long>(h));
+                  succeeded, kVariants, static_cast<unsigned long long>(digest.value()));
     lines.push_back(line);
   }
   return lines;
