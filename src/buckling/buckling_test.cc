@@ -49,22 +49,6 @@ TEST(PlateBuckling, IsotropicPlatesReachTheClassicalLoads) {
   EXPECT_EQ(rf, Loads(2, 0.0f));
 }
 
-TEST(HalfWaveSearch, TiesKeepTheFirstModeAndTheOptimumSettlesBeforeBound100) {
-  // D11 = 4 D22 on a = 2 b: one and two half-waves give exactly 7 pi^2.
-  EXPECT_EQ(half_wave_search(orthotropic(4, 0.5f, 1, 0.25f), 2, 1, -1, 0).m, 1);
-  // y compression of a plate ten times as wide as long with D11 = (k/10)^4 D22 has
-  // k half-waves across: the sweep at 80 must reach them for the one at 90 to agree.
-  for (const float k : {80.0f, 81.0f}) {
-    const float r4 = (k / 10) * (k / 10) * (k / 10) * (k / 10);
-    const HalfWaveSearch s =
-        half_wave_search(orthotropic(r4 * 1e-8f, 1e-10f, 1e-8f, 1e-10f), 1, 10, 0, -1);
-    EXPECT_EQ(s.error, k == 80 ? 0 : 1);
-    EXPECT_EQ(s.n * 100 + s.bound, k == 80 ? 8090 : 0);
-  }
-}
-
-using testing::kNaN;
-
 // A quasi-isotropic carbon layup, and a membrane stiffness without an inverse.
 const Matrix3 kA = orthotropic(50000, 15000, 40000, 17000);
 const Matrix3 kD = orthotropic(4000, 1200, 3500, 1400);
@@ -93,35 +77,6 @@ TEST(ShellBuckling, ClassicalLoads) {
   const double pi2 = testing::kPiDouble * testing::kPiDouble;
   EXPECT_NEAR(flat.nycr, 4 * pi2 * w.D(1, 1) / (250 * 250), 1e-6 * flat.nycr);
   EXPECT_NEAR(flat.nxycr, 92 * w.D(1, 1) / (250 * 250), 1e-5 * flat.nxycr);
-}
-
-TEST(CylinderEstimate, WithoutARadiusOrLength) {
-  // A NaN radius gives nothing; without a length no mode: the search keeps its start.
-  const CylinderEstimate none = cylinder_estimate(kA, kD, 600, kNaN);
-  EXPECT_EQ(none.nx + none.ny + none.nxy, 0.0f);
-  EXPECT_EQ(cylinder_estimate(kA, kD, 0, 1500).ny, 1.0e30f);
-  EXPECT_EQ(cylinder_estimate(kA, kD, kNaN, 1500).nx, 1.0e30f);
-}
-
-TEST(CurvedPanelSearch, NoLoadOnTheEdgeOrWithoutPositiveTerms) {
-  // A term or side at or below zero (A12 and D12 included) or an optimum on the edge
-  // of the search (the best axial half-wave 178 times shorter than the panel is
-  // wide): load 0. A singular A, or a NaN, which passes that check: 100000.
-  const struct {
-    Matrix3 A, D;
-    float L, load;
-    int m;
-  } cases[] = {{orthotropic(50000, 0, 40000, 17000), kD, 600, 0, 0},
-               {kA, orthotropic(4000, 0, 3500, 1400), 600, 0, 0},
-               {kA, kD, 0, 0, 0},
-               {kA, orthotropic(10, 5, 1e10f, 10), 300, 0, 100},
-               {kSingularA, kD, 600, 100000, 0},
-               {orthotropic(kNaN, 15000, 40000, 17000), kD, 600, 100000, 0}};
-  for (const auto& c : cases) {
-    const PanelSearch search = curved_panel_search(c.A, c.D, c.L, 300, 1500, -1, 0);
-    EXPECT_EQ(search.load, c.load);
-    EXPECT_EQ(search.m, c.m);
-  }
 }
 
 }  // namespace

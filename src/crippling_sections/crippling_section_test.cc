@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cmath>
 #include <vector>
 
 #include "laminates_stressed/laminate_stressed.h"
@@ -109,74 +108,6 @@ TEST(CripplingSection, ZSectionByHand) {
   EXPECT_NEAR(moved.yc, -3.0f, 1e-5f);
   EXPECT_NEAR(moved.zc, 5.0f, 1e-5f);
   EXPECT_NEAR(moved.ei_min, ei, 2e-5 * ei);
-}
-
-// Fcu by first-ply failure under compression, against hand values: a
-// unidirectional laminate fails by fibre compression at F1c; a cross-ply one by
-// the maximum strain criterion when its 0-degree plies reach -F1c/E1, at
-// Fcu = Ex F1c/E1 (the 90-degree plies' limit F2c/E2 is three times larger).
-TEST(CripplingSection, CompressionStrengthFromFirstPlyFailure) {
-  const LAMINA m = t300_5208();
-  const LAMINATESTRESSED ud(m, Angles{0, 0, 0, 0, 0, 0, 0, 0});
-  const LAMINATESTRESSED cross(m, Angles{0, 90, 0, 90, 90, 0, 90, 0});
-  const struct {
-    const LAMINATESTRESSED* laminate;
-    std::int32_t criterion;
-    float fcu;
-  } rows[] = {{&ud, 9, m.F1c}, {&ud, 11, m.F1c}, {&cross, 11, cross.Ex * m.F1c / m.E1}};
-  for (const auto& row : rows) {
-    const SectionCrippling r = one(20, kNEF, 0, *row.laminate, row.criterion);
-    EXPECT_NEAR(r.segments[0].fcu, row.fcu, 2e-5f * row.fcu) << row.criterion;
-    EXPECT_EQ(r.segments[0].fcu_mode, FailureMode::fibre_compression);
-  }
-}
-
-TEST(CripplingSection, RefusalsNameTheCauseAndWriteNothing) {
-  using E = CripplingError;
-  using S = CRIPPLINGSECTION;
-  static LAMINA weak = [] {
-    LAMINA m = t300_5208();
-    m.F2c = 0.0f;
-    return m;
-  }();
-  static const LAMINATESTRESSED no_f2c(weak, Angles{0, 90});
-  static const LAMINATESTRESSED broken(new_lamina(0.1f, 0, 0, 0, 0.3f, 0, 0), Angles{0});
-  const struct {
-    void (*change)(S&);
-    E error;
-    const char* text;
-  } rows[] = {
-      {[](S& s) { s.segments.clear(); }, E::bad_count, "Error! Section has no segment."},
-      {[](S& s) { s.segments[1].width = 0; }, E::bad_segment,
-       "Error! Segment 2: width 0 is not a positive number."},
-      {[](S& s) { s.segments[1].edge = EdgeCondition{3}; }, E::bad_segment,
-       "edge condition 3"},
-      {[](S& s) { s.segments[0].fcu = -5; }, E::bad_segment, "strength -5 is not 0 or a"},
-      {[](S& s) { s.column.length = -1; }, E::bad_column, "Error! Length -1 is not 0"},
-      {[](S& s) { s.column.fixity = 0; }, E::bad_column, "fixity coefficient 0 is not"},
-      {[](S& s) { s.criterion = 8; }, E::criterion_not_available,
-       "2: Criterion AOSL not"},
-      {[](S& s) { s.options.puck.p_minus = 1; }, E::bad_option,
-       "Option p- out of range."},
-      {[](S& s) { s.segments[0].width = 1.0e30f; }, E::out_of_range,
-       "Section results bey"},
-      {[](S& s) { s.segments[1].laminate = &no_f2c; }, E::strength_missing,
-       "Error! Segment 2: F2c missing (criterion PUCK)."},
-      {[](S& s) { s.segments[0].laminate = &broken; }, E::laminate_in_error,
-       "Error! Segment 1: laminate in error."},
-  };
-  for (const auto& row : rows) {
-    S section;
-    section.segments = {{20, 0, 0, 0, kOEF, &quasi_isotropic(), 500},
-                        {40, 0, 0, 90, kNEF, &quasi_isotropic(), 0}};
-    row.change(section);
-    SectionCrippling r;
-    r.fcc = -7.0f;
-    const CripplingStatus status = section.analyse(r);
-    EXPECT_EQ(status.error, row.error) << status.message();
-    EXPECT_NE(status.message().find(row.text), std::string::npos) << status.message();
-    EXPECT_TRUE(r.fcc == -7.0f && r.segments.empty());
-  }
 }
 
 }  // namespace

@@ -44,19 +44,6 @@ TEST(Interpolator, EqualAbscissae) {
   EXPECT_FLOAT_EQ(pair.evaluate(-5.0f), 6.0f);
 }
 
-TEST(Interpolator, UnusableTablesGiveNaNSilently) {
-  testing::internal::CaptureStdout();
-  const INTERPOLATOR unusable[] = {
-      INTERPOLATOR(), INTERPOLATOR(V{1.0f}, V{2.0f}, 1),
-      INTERPOLATOR(V{0.0f, 2.0f, 1.0f}, V{1.0f, 2.0f, 3.0f}, 1),  // decreasing
-      INTERPOLATOR(V{0.0f, 1.0f, 2.0f}, V{1.0f, 2.0f}, 1)};       // values missing
-  EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
-  for (const INTERPOLATOR& f : unusable) {
-    EXPECT_FALSE(f.ready);
-    EXPECT_TRUE(std::isnan(f.evaluate(0.5f)));
-  }
-}
-
 TEST(TableLookup, ValuesAndStatuses) {
   using V = std::vector<float>;
   const V x = {1.0f, 2.0f, 4.0f}, y = {10.0f, 20.0f, 0.0f};

@@ -1,7 +1,5 @@
 #include "laminates/laminate.h"
 
-#include <cmath>
-#include <limits>
 #include <string>
 #include <vector>
 
@@ -55,28 +53,6 @@ TEST(Laminate, QuasiIsotropicFromInvariants) {
   EXPECT_TRUE(lam.symmetric);
 }
 
-TEST(Laminate, FlagsAndRefusals) {
-  // Mirrored angles count as symmetric even when the materials differ.
-  EXPECT_TRUE(LAMINATE(tape(), kSoft, Angles{0, 0}, Indices{1, 2}).symmetric);
-  EXPECT_FALSE(LAMINATE(tape(), Angles{0, 90}).symmetric);
-  // An index outside the materials, lists of different lengths, all moduli zero (a
-  // zero [A]) and no plies: error, and the results stay zero.
-  for (const LAMINATE& lam :
-       {LAMINATE(tape(), kSoft, Angles{0, 0}, Indices{1, 3}),
-        LAMINATE(tape(), kSoft, Angles{0, 0}, Indices{1}),
-        LAMINATE(kEmpty, Angles{0, 90}), LAMINATE(tape(), Angles{})}) {
-    EXPECT_TRUE(lam.error);
-    EXPECT_EQ(lam.Ex, 0.0f);
-    EXPECT_EQ(lam.Dstar_B, Matrix3{});
-  }
-  // A ply with 4 G12 > E1 + E2 has a negative Q12 at 45 degrees: nu clamped to 0.
-  const LAMINATE odd(new_lamina(0.125f, 1000, 1000, 1000, 0, 1000, 1000), Angles{45});
-  EXPECT_FALSE(odd.error);
-  EXPECT_LT(odd.A(1, 2), 0.0f);
-  EXPECT_EQ(odd.nuxy, 0.0f);
-  EXPECT_EQ(odd.nuyx, 0.0f);
-}
-
 // Kind 2 by hand for the balanced cross-ply: A11 = A22, so A11/(3 A22 + A11) =
 // 1/4, and A12/A11 = 2 v12 E2/(E1 + E2) = 5400/149000.
 TEST(Laminate, KnockDownFactorAndPlateTerm) {
@@ -117,50 +93,6 @@ TEST(Laminate, RotateAndStackingText) {
   char short_out[5];
   lam.stacking_text(short_out);
   EXPECT_EQ(std::string(short_out, 5), "(0/22");
-}
-
-// Builds a matrix from rows as printed, so the cases read like the algebra.
-Matrix3 rows(float a11, float a12, float a13, float a21, float a22, float a23, float a31,
-             float a32, float a33) {
-  Matrix3 m;
-  m(1, 1) = a11, m(1, 2) = a12, m(1, 3) = a13;
-  m(2, 1) = a21, m(2, 2) = a22, m(2, 3) = a23;
-  m(3, 1) = a31, m(3, 2) = a32, m(3, 3) = a33;
-  return m;
-}
-
-TEST(Inverse3x3, AgainstHandInversesAndTheTolerance) {
-  const float nan = std::numeric_limits<float>::quiet_NaN();
-  const Matrix3 half = rows(1, 0, 0, 0, 1, 0, 0, 0, 0.5f);
-  const struct {
-    Matrix3 m;
-    float tolerance;
-    Matrix3 inverse;  // zero: singular, every element NaN
-  } cases[] = {
-      {rows(2, 0, 0, 0, -4, 0, 0, 0, 8), 1e-20f,
-       rows(0.5f, 0, 0, 0, -0.25f, 0, 0, 0, 0.125f)},
-      // Unsymmetric with det = 1: a transposed adjugate or a row/column mix-up
-      // gives a different matrix; with det = -1 its sign carries into every element.
-      {rows(1, 2, 3, 0, 1, 4, 5, 6, 0), 1e-20f, rows(-24, 18, 5, 20, -15, -4, -5, 4, 1)},
-      {rows(0, 1, 0, 1, 0, 0, 0, 0, 1), 1e-20f, rows(0, 1, 0, 1, 0, 0, 0, 0, 1)},
-      {half, 0.4999f, rows(1, 0, 0, 0, 1, 0, 0, 0, 2)},
-      // Singular: det = 1e-21, |det| equal to the tolerance (the test is strict), a NaN.
-      {rows(1e-7f, 0, 0, 0, 1e-7f, 0, 0, 0, 1e-7f), 1e-20f, {}},
-      {half, 0.5f, {}},
-      {rows(nan, 0, 0, 0, 1, 0, 0, 0, 1), 1e-20f, {}}};
-  for (const auto& c : cases) {
-    const bool singular = c.inverse == Matrix3{};
-    int status = -1;
-    const Matrix3 inv = inverse3x3(c.m, c.tolerance, &status);
-    EXPECT_EQ(status, singular ? kInverseSingular : kInverseOk) << c.m(1, 1);
-    for (int e = 0; e < 9; ++e) {
-      if (singular) {
-        EXPECT_TRUE(std::isnan(inv.v[e])) << c.m(1, 1);
-      } else {
-        EXPECT_EQ(inv.v[e], c.inverse.v[e]) << c.m(1, 1) << " " << e;
-      }
-    }
-  }
 }
 
 }  // namespace

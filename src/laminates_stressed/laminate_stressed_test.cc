@@ -1,7 +1,6 @@
 #include "laminates_stressed/laminate_stressed.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <vector>
 
@@ -127,38 +126,6 @@ TEST(LaminateStressed, ManyLoadCasesAtOnce) {
   EXPECT_EQ(rf[6], kNoFailureRF);  // no load
 }
 
-TEST(LaminateStressed, RefusalsWriteNothing) {
-  const LAMINATESTRESSED lam(t300_5208(), Angles{0, 90, 90, 0});
-  const std::int32_t five[] = {5};
-  std::vector<float> rf(2, -7.0f);
-  const auto refusal = [&](const StrengthPlan& plan, const Loads& loads) {
-    const StrengthStatus status = plan.evaluate(loads, {.rf = rf});
-    EXPECT_EQ(rf, std::vector<float>(2, -7.0f));
-    return status.message();
-  };
-  const Loads two = {1, 0, 0, 0, 0, 0, 0, 0, NAN, 0, 0, 0, 0, 0};
-  EXPECT_EQ(refusal(lam.strength_plan(five), two), "Error! Load case 2 is not finite.");
-  EXPECT_EQ(refusal(lam.strength_plan(five), Loads(7)),
-            "Error! Array rf of the wrong size.");
-  EXPECT_EQ(refusal(lam.strength_plan(five), Loads(13)),
-            "Error! Array loads of the wrong size.");
-  const LAMINATESTRESSED failed(new_lamina(0.125f, 0, 0, 0, 0, 1, 1), Angles{0});
-  EXPECT_EQ(refusal(failed.strength_plan(five), Loads(14)),
-            "Error! Laminate in error: no ply stresses.");
-  LAMINA weak = glass();
-  weak.F2c = 0.0f;
-  const LAMINATESTRESSED mixed(t300_5208(), weak, Angles{0, 90},
-                               std::vector<std::int32_t>{1, 2});
-  EXPECT_EQ(refusal(mixed.strength_plan(five), Loads(14)),
-            "Error! F2c missing (material 2, criterion TSAI_WU).");
-  const std::vector<std::int32_t> many(kMaxCriteria + 1, 5);
-  EXPECT_EQ(refusal(lam.strength_plan(many), Loads(14)),
-            "Error! Option criteria out of range.");
-  std::string text = "kept";
-  EXPECT_FALSE(lam.strength_report({}, std::vector<std::int32_t>{12}, {}, text).ok());
-  EXPECT_EQ(text, "kept");
-}
-
 PlyCriterion prepared(std::int32_t code, const LAMINA& m, const StrengthOptions& o = {}) {
   PlyCriterion c;
   EXPECT_TRUE(PlyCriterion::prepare(code, m, 1, o, c).ok()) << code;
@@ -190,76 +157,6 @@ TEST(PlyCriteria, TheCriterionIsOneAtTheReserveFactor) {
       EXPECT_NEAR(c.value(x).value, 1.0f, 2e-6f) << code << " at RF " << rf;
     }
   }
-}
-
-// Loading along one axis up to the strength reaches every criterion at RF 1
-// (Yamada-Sun leaves s2 out); each strength is used where it belongs.
-TEST(PlyCriteria, UniaxialStrengthsGiveOne) {
-  using enum FailureMode;
-  const float x = kNoFailureRF;
-  const struct {
-    PlyStress s;
-    std::array<float, 6> rf;  // as kEvaluatedCriteria
-    FailureMode puck_mode, strain_mode;
-  } cases[] = {{{1500, 0, 0}, {1, 1, 1, 1, 1, 1}, fibre_tension, fibre_tension},
-               {{-1500, 0, 0}, {1, 1, 1, 1, 1, 1}, fibre_compression, fibre_compression},
-               {{0, 40, 0}, {1, 1, 1, x, 1, 1}, puck_a, matrix_tension},
-               {{0, -246, 0}, {1, 1, 1, x, 1, 1}, puck_c, matrix_compression},
-               {{0, 0, -68}, {1, 1, 1, 1, 1, 1}, puck_a, shear}};
-  for (const auto& k : cases) {
-    for (std::size_t i = 0; i < 6; ++i) {
-      const ReserveFactor f =
-          prepared(kEvaluatedCriteria[i], carbon()).reserve_factor(k.s, {});
-      EXPECT_NEAR(f.rf, k.rf[i], 2e-6f * k.rf[i]) << kEvaluatedCriteria[i];
-    }
-    EXPECT_EQ(prepared(9, carbon()).reserve_factor(k.s, {}).mode, k.puck_mode);
-    EXPECT_EQ(prepared(11, carbon()).reserve_factor(k.s, {}).mode, k.strain_mode);
-  }
-  // The truncated maximum strain: fibre tension at uetall; in compression the
-  // shear truncation through the tension point cuts uecall down to uetall.
-  const LAMINA& m = carbon();
-  const PlyCriterion mts = prepared(31, m);
-  const ReserveFactor tension = mts.reserve_factor({m.uetall / m.S(1, 1), 0, 0}, {});
-  EXPECT_NEAR(tension.rf, 1, 2e-6f);
-  EXPECT_EQ(tension.mode, FailureMode::fibre_tension);
-  const ReserveFactor compression = mts.reserve_factor({-m.uecall / m.S(1, 1), 0, 0}, {});
-  EXPECT_NEAR(compression.rf, m.uetall / m.uecall, 2e-6f);
-  EXPECT_EQ(compression.mode, FailureMode::shear);
-}
-
-TEST(PlyCriteria, PuckModesAndParameters) {
-  const PlyCriterion puck = prepared(9, carbon());
-  // Modes B and C meet on the envelope at (-RA, t21c), RA = R||/(2 p-)
-  // (sqrt(1 + 2 p- Rc/R||) - 1), t21c = R|| sqrt(1 + 2 p- RA/R||).
-  const float ra = 68 / (2 * 0.3f) * (std::sqrt(1 + 2 * 0.3f * 246 / 68) - 1);
-  const float t21c = 68 * std::sqrt(1 + 2 * 0.3f * ra / 68);
-  for (const float side : {0.999f, 1.001f}) {  // just into B, just into C
-    EXPECT_NEAR(puck.reserve_factor({0, -ra * side, t21c}, {}).rf, 1, 2e-3f);
-  }
-  EXPECT_EQ(puck.reserve_factor({0, -50, 60}, {}).mode, FailureMode::puck_b);
-  EXPECT_EQ(puck.reserve_factor({0, -200, 10}, {}).mode, FailureMode::puck_c);
-  // Pure shear is independent of the inclinations; a smaller p- (glass) makes
-  // mode B weaker.
-  StrengthOptions glass;
-  glass.puck = PuckParameters::glass();
-  EXPECT_FLOAT_EQ(prepared(9, carbon(), glass).reserve_factor({0, 0, 34}, {}).rf, 2);
-  EXPECT_LT(prepared(9, carbon(), glass).reserve_factor({0, -50, 60}, {}).rf,
-            puck.reserve_factor({0, -50, 60}, {}).rf);
-}
-
-TEST(PlyCriteria, TsaiHillWithoutThermalStressIsTheLaminaOne) {
-  const PlyCriterion c = prepared(4, carbon());
-  for (const PlyStress& s : {PlyStress{1.7f, -2.7f, -4.2f}, PlyStress{-800, 30, 20}}) {
-    EXPECT_EQ(c.reserve_factor(s, {}).rf, carbon().tsai_hill_rf(s[0], s[1], s[2]));
-  }
-}
-
-TEST(PlyCriteria, ThermalStressesAloneOrNoLoad) {
-  const PlyCriterion c = prepared(5, carbon());
-  EXPECT_EQ(c.reserve_factor({10, 0, 0}, {0, 50, 0}).rf, 0.0f);  // beyond F2t already
-  EXPECT_EQ(c.reserve_factor({0, 0, 0}, {0, 20, 0}).rf, kNoFailureRF);
-  EXPECT_EQ(prepared(7, carbon()).reserve_factor({0, 30, 0}, {}).rf, kNoFailureRF);
-  EXPECT_EQ(c.reserve_factor({3e38f, 3e38f, 0}, {}).rf, 0.0f);  // beyond the float range
 }
 
 TEST(PlyCriteria, Refusals) {

@@ -30,31 +30,6 @@ LAMINATESTRESSED Unidirectional(const LAMINA& m) {
   return LAMINATESTRESSED(m, std::vector<float>(8, 0.0f));
 }
 
-// A material keyed with the notched strengths of its quasi-isotropic laminate at
-// 6.35 mm: that laminate (K_T = 3), loaded to the strength along x or y, is at
-// RF 1, through the characteristic distances or Kfhc and set_fhc's constant.
-TEST(Notched, MeasuredStrengthIsReserveFactorOne) {
-  const struct {
-    std::string_view keys;
-    NotchCheck check;
-    float nx, ny;  // per unit of strength
-  } rows[] = {{"OHT=450", NotchCheck::oht, 1, 0},
-              {"OHT=450", NotchCheck::oht, 0, 1},
-              {"OHC=300", NotchCheck::ohc, -1, 0},
-              {"FHT=420", NotchCheck::fht, 1, 0},
-              {"FHC=320", NotchCheck::fhc, 0, -1}};
-  for (const auto& row : rows) {
-    const LAMINATESTRESSED lam = QuasiIsotropic(Tape(row.keys));
-    const NotchedPlan plan(lam, {&row.check, 1}, 6.35f);
-    ASSERT_TRUE(plan.status().ok()) << plan.status().message();
-    EXPECT_NEAR(plan.kt(row.ny != 0), 3.0f, 1e-4f);
-    const float n = std::stof(std::string(row.keys.substr(4))) * lam.h;
-    std::vector<float> rf(1);
-    ASSERT_TRUE(plan.evaluate(Loads{row.nx * n, row.ny * n, 0, 0, 0, 0, 0}, {}, rf).ok());
-    EXPECT_NEAR(rf[0], 1.0f, 2e-4f) << row.keys;
-  }
-}
-
 // [0]8: K_T = 7.1419 along the fibres (by hand, as in lamina_test), so the default
 // Kfhc = 0.6 gives the filled-hole compression strain uecall/(0.6 3.1401 7.1419/3)
 // = 0.0023888, Kfht = 0.7 likewise from e1tu. Bearing: the default Fbr = 0.5 F1c
@@ -99,41 +74,6 @@ TEST(Notched, RefusalsWriteNothing) {
     EXPECT_NE(plan.evaluate(row.loads, row.fastener, rf).message().find(row.says),
               std::string::npos);
     EXPECT_EQ(rf[0], -7.0f);
-  }
-}
-
-// After impact, [0]8 (Ex = E1 = 140000, Eiso = 53414.43 by hand, h = 1): CAIH =
-// 2 uecall/3 = 0.0071429, so 1000 N/mm of compression is at RF 1 (CAIE: 0.5).
-// T04 and T05 by hand for 10 J, F = 0.83 (T03 and T06 take T04's path; their
-// formulas are the damage model's tests):
-//  T04 k2, k3, k0, k1 = 0.003, 0.5, 0.004, 0.2, r = Ex/Eiso:
-//      0.83 (k2/r^k3 + k0 exp(-2)) = 0.0019873
-//  T05 0.83 k0 exp(-2) = 0.00044931
-//  T04 with k2 = 300, k0 = 200 gives a stress, 176.27 MPa: strain 0.0012591.
-TEST(Impact, ModelFormsByHand) {
-  const struct {
-    std::int32_t form;
-    std::array<float, 6> k;  // a0 a1 b0 b1 c0 c1, or k2 k3 k0 k1
-    double allowable;
-  } rows[] = {{4, {0.003f, 0.5f, 0.004f, 0.2f}, 0.0019873425},
-              {5, {0.003f, 0.5f, 0.004f, 0.2f}, 0.00044931314},
-              {4, {300, 0.5f, 200, 0.2f}, 0.0012590614}};
-  for (const auto& row : rows) {
-    LAMINA m = Tape();
-    CDTMODEL& model = m.cdt_model;
-    model.name = "CDTM-T0" + std::to_string(row.form);
-    model.model = row.form;
-    const auto& k = row.k;
-    model.a0 = k[0], model.a1 = k[1], model.b0 = k[2], model.b1 = k[3];
-    model.c0 = k[4], model.c1 = k[5];
-    model.k2 = k[0], model.k3 = k[1], model.k0 = k[2], model.k1 = k[3];
-    const ImpactPlan plan(Unidirectional(m), 10.0f, true);
-    ASSERT_TRUE(plan.status().ok()) << plan.status().message();
-    std::vector<float> rf(3);
-    ASSERT_TRUE(plan.evaluate(Loads{-1000, 0, 0, 0, 0, 0, 0}, rf).ok());
-    EXPECT_NEAR(rf[0], 1.0f, 2e-6f);
-    EXPECT_NEAR(rf[1], 0.5f, 2e-6f);
-    EXPECT_NEAR(rf[2], row.allowable * 140, 4e-6 * row.allowable * 140) << row.form;
   }
 }
 

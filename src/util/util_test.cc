@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <cstdint>
 #include <limits>
@@ -22,26 +21,6 @@ namespace corvane {
 namespace {
 
 const float kNaN = std::numeric_limits<float>::quiet_NaN();
-const float kInf = std::numeric_limits<float>::infinity();
-
-TEST(Matrix3, IsStoredColumnByColumn) {
-  Matrix3 m;
-  m(2, 1) = 21.0f;
-  m(1, 2) = 12.0f;
-  m(3, 3) = 33.0f;
-  EXPECT_EQ((std::array{m.v[1], m.v[3], m.v[8]}), (std::array{21.0f, 12.0f, 33.0f}));
-}
-
-TEST(Numerics, ConversionsToInt32) {
-  EXPECT_EQ(nint(2.5f), 3);
-  EXPECT_EQ(nint(-2.5f), -3);
-  EXPECT_EQ(nint(-0.4f), 0);
-  EXPECT_EQ(to_int32(-7.9f), -7);
-  EXPECT_EQ(to_int32(2147483520.0f), 2147483520);
-  for (const float x : {kNaN, 3.0e9f, -3.0e9f, kInf, -2147483648.0f}) {
-    EXPECT_EQ(to_int32(x), INT32_MIN) << x;
-  }
-}
 
 // The hosts' MIN and MAX let a NaN through on one side only; fmin and fmax
 // never let it hide a number. Rewriting one as the other changes results.
@@ -96,30 +75,6 @@ TEST(ReadInteger, AcceptsOnlySignedDigitsThatFit) {
   for (const char* bad : {"", " ", "+", "2S", "1.0", "1e3", "0x1", "1 2"}) {
     EXPECT_EQ(read_integer(bad, v), kReadBadSyntax) << bad;
   }
-}
-
-TEST(Format, FieldLayouts) {
-  const struct {
-    std::string (*format)(float, int, int);
-    float x;
-    int w, d;
-    const char* text;
-  } cases[] = {{format_fixed, 0.125f, 8, 2, "    0.12"},
-               {format_fixed, 0.03125f, 8, 4, "  0.0312"},
-               {format_fixed, -0.5f, 5, 3, "-.500"},
-               {format_fixed, 0.5f, 4, 3, ".500"},
-               {format_fixed, 12345.0f, 4, 1, "****"},
-               {format_fixed, 1234.56f, 8, 1, "  1234.6"},
-               {format_fixed, kNaN, 8, 2, "     NaN"},
-               {format_fixed, -kInf, 8, 2, "    -Inf"},
-               {format_exponent, 2.5e6f, 8, 1, " 2.5E+06"},
-               {format_exponent, 0.005f, 8, 1, " 5.0E-03"},
-               {format_exponent, -3.0e-20f, 8, 1, "-3.0E-20"},
-               {format_exponent, -3.0e-20f, 7, 1, "*******"}};
-  for (const auto& c : cases) EXPECT_EQ(c.format(c.x, c.w, c.d), c.text) << c.x;
-  EXPECT_EQ(format_integer(2001, 7), "   2001");
-  EXPECT_EQ(format_integer(-999999, 7), "-999999");
-  EXPECT_EQ(format_integer(-1000000, 7), "*******");
 }
 
 TEST(Text, MovesTrimsAndKeywords) {
@@ -182,22 +137,6 @@ TEST(AreAlmostEqual, ComparesSignificantDigits) {
 }
 
 using Index = std::vector<std::int32_t>;
-
-Index sorted(std::vector<std::string> keys, bool case_sensitive) {
-  LexicalSort sorter{std::move(keys), case_sensitive, {}};
-  return sorter.sort();
-}
-
-TEST(LexicalSort, FoldDirectionAndThePartitionScheme) {
-  // '_' (95) lies between 'Z' (90) and 'a' (97), so the fold's direction shows.
-  EXPECT_EQ(sorted({"_x", "a", "B"}, true), (Index{3, 1, 2}));   // B _x a
-  EXPECT_EQ(sorted({"_x", "a", "B"}, false), (Index{2, 3, 1}));  // a B _x
-  // Equal keys: the middle pivot moves to the front and nothing is below it.
-  EXPECT_EQ(sorted({"x", "x", "x"}, true), (Index{2, 1, 3}));
-  EXPECT_EQ(sorted({"b", "A", "a"}, false), (Index{2, 3, 1}));
-  EXPECT_TRUE(sorted({}, true).empty());
-  EXPECT_EQ(sorted({"only"}, false), (Index{1}));
-}
 
 // Against an order built independently of the sorter: texts padded with blanks to a
 // common length ('\t' sorts before the padding, '!' after), folded to upper case
