@@ -10,8 +10,7 @@
 
 // The results digest pins every search and estimate bit for bit over random plates,
 // panels and cylinders, refused and NaN terms and sides, a zero [A] and radii of
-// zero and below among them; these tests pin the classical loads and what its
-// cases never reach.
+// zero and below among them; these tests hold them to the classical loads.
 namespace corvane {
 namespace {
 

@@ -5,9 +5,8 @@
 
 #include <gtest/gtest.h>
 
-// The four damage-model forms are checked by hand through the impact strength
-// (laminates_stressed/notched_strength_test.cc); here, what only this layer has:
-// the dispatch, the two short forms and the reading of a model line.
+// The damage-model forms and their dispatch by hand; the reading of a model line
+// is held by the entry-point digest and refusal table (tests/support/).
 namespace corvane {
 namespace {
 

@@ -1,8 +1,7 @@
 // Every entry point of both libraries, loaded by path as a host loads them,
 // driven by the table of tests/support/entry_point_table.h: what the boundary
 // owns for all of them (null pointers, refusals, untouched outputs, texts and
-// hidden lengths), then one path to the core's results for each entry point of
-// the strength library. The results digest pins the numbers of the other six.
+// hidden lengths). The digests (tests/) pin every entry point's numbers.
 #include <gtest/gtest.h>
 
 #include <cstdlib>

@@ -56,7 +56,8 @@ add_library(Corvane::corvane_strength ALIAS corvane_strength)
 if(CORVANE_BUILD_TESTS AND NOT WIN32)
   # Every entry point of both libraries as a host meets them, loaded by path and
   # looked up by name (tests/support/entry_point_table.h). A sanitizer runtime
-  # brings its own allocation functions, so the out-of-memory test is left out of instrumented builds.
+  # brings its own allocation functions, so the out-of-memory test is left out
+  # of instrumented builds.
   corvane_add_test(entry_points_test entry_points_test.cc
                    LIBS laminates_stressed cards crippling_sections)
   set(tests entry_points_test)

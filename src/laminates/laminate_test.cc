@@ -9,8 +9,7 @@
 #include "laminates/stacking_sequence.h"
 
 // The results digest pins every matrix and constant of random laminates bit for
-// bit; these tests hold the method to published closed forms, and pin the flags,
-// refusals and branches.
+// bit; these tests hold the method to published closed forms.
 namespace corvane {
 namespace {
 
