@@ -142,6 +142,24 @@ TEST(StiffnessEntries, TheLayupIsReadAsExactlyOneThousandCharacters) {
   }
 }
 
+// One variable passed as an input and as an output: the plate's loads are
+// zeroed before its dimensions are read, the shell's inputs are read first.
+TEST(BucklingEntries, InputsSharedWithOutputs) {
+  const float d[9] = {CORVANE_PANEL_D};
+  float plate[3] = {500, 300, 7};
+  std::int32_t ierr = 7;
+  corvane_library().entry<decltype(LAMINATE_RECTANGULAR_SS_BUCKLING_LOADS)>(
+      "LAMINATE_RECTANGULAR_SS_BUCKLING_LOADS")(d, &plate[0], &plate[1], &plate[2],
+                                                &plate[0], &plate[1], &ierr);
+  EXPECT_EQ(plate[0] + plate[1] + plate[2], 0.0f);
+  const Arguments apart = called("LAMINATE_SHELL_BUCKLING_LOADS");
+  float a[9] = {CORVANE_PANEL_A}, shell[4] = {600, 300, 1500, 2};
+  corvane_library().entry<decltype(LAMINATE_SHELL_BUCKLING_LOADS)>(
+      "LAMINATE_SHELL_BUCKLING_LOADS")(a, d, &shell[0], &shell[1], &shell[2], &shell[3],
+                                       &shell[0], &shell[1], &shell[2], &ierr);
+  for (std::size_t i = 0; i < 3; ++i) EXPECT_EQ(shell[i], apart.get<float>(6 + i));
+}
+
 TEST(MaterialEntries, TheInstalledMaterialByNameAndTheList) {
   const Arguments a = called("MATERIAL_DATA");
   const LAMINA m = t300_5208();

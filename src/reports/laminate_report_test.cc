@@ -11,6 +11,20 @@ namespace {
 
 LAMINA tape() { return new_lamina(0.125f, 140000, 9000, 4600, 0.3f, 1000, 1000, "tape"); }
 
+TEST(LaminateReport, Summary) {
+  const LAMINATE lam(tape(), std::vector<float>{0}, "one ply");
+  const std::string line =
+      "one ply               0.125   140000     9000     4600  0.3000\n";
+  EXPECT_EQ(laminate_summary(lam), line);
+  EXPECT_EQ(laminate_summary(lam, true),
+            std::string(kLaminateSummaryHeader) + "\n" + line);
+  const LAMINATE failed(tape(), std::vector<float>{});
+  EXPECT_EQ(laminate_summary(failed, true),
+            "Error! Plate force is ill conditioned.\n" +
+                std::string(kLaminateSummaryHeader) +
+                "\n                      0.000        0        0        0  0.0000\n");
+}
+
 TEST(LaminateReport, SectionsInOrder) {
   const LAMINA soft = new_lamina(0.25f, 9000, 9000, 3000, 0.3f, 1000, 1000);
   const std::string report =
