@@ -12,6 +12,7 @@
 #include <fstream>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "results_digest.h"
@@ -23,15 +24,12 @@ namespace {
 constexpr int kVariants = 1000;
 
 // A text of the good call starting so is replaced by one of these; "(" marks a
-// layup (the section's three in one argument stay).
-struct Alternatives {
-  std::string_view start;
-  std::vector<const char*> texts;
-};
-const Alternatives kTexts[] = {
+// layup (the section's three in one argument stay): 255 plies make decks longer
+// than the cards' 10000 characters, "(0/0.)" mirrors angles but not materials.
+const std::pair<std::string_view, std::vector<const char*>> kTexts[] = {
     {"(",
      {"(0/45/-45/90)S", "(0/90)2S", "(45/-45)3", "(0/45./-45./90)S", "(30/-60/10)2$",
-      "(0.)", "(15/-75/90.)S"}},
+      "(0.)", "(15/-75/90.)S", "(0/45/-45/90)32$", "(0/0.)"}},
     {"PUCK ",
      {"TSAI_HILL", "TSAI_WU", "HOFFMAN", "PUCK", "YAMADA_SUN", "MAX_STRAIN_I", "MTS"}},
     {"all ", {"OHT", "OHC", "FHT", "FHC", "BEARING", "all"}},
@@ -100,7 +98,6 @@ std::vector<std::string> digest() {
 }
 
 TEST(EntryPointDigest, EveryCallOfEveryEntryPointHashesAsStored) {
-  setenv("BASES_DATOS", "", 1);
   const std::vector<std::string> now = digest();
   if (std::getenv("CORVANE_WRITE_DIGEST") != nullptr) {
     std::ofstream out(CORVANE_ENTRY_POINT_DIGEST_FILE);

@@ -46,6 +46,14 @@ TEST(PlateBuckling, IsotropicPlatesReachTheClassicalLoads) {
                                  rf, nxcr, nycr, nxycr),
             2);
   EXPECT_EQ(rf, Loads(2, 0.0f));
+  // y compression of a plate ten times as wide as long with D11 = (k/10)^4 D22 has
+  // k half-waves across: the sweep at 80 must reach them for the one at 90 to agree.
+  for (const float k : {80.0f, 81.0f}) {
+    const float r4 = (k / 10) * (k / 10) * (k / 10) * (k / 10);
+    const HalfWaveSearch s =
+        half_wave_search(orthotropic(r4 * 1e-8f, 1e-10f, 1e-8f, 1e-10f), 1, 10, 0, -1);
+    EXPECT_EQ(s.n * 1000 + s.bound * 10 + s.error, k == 80 ? 80900 : 1);
+  }
 }
 
 // A quasi-isotropic carbon layup, and a membrane stiffness without an inverse.

@@ -188,7 +188,7 @@ EntryPoint row(const char* name, const LoadedLibrary& (*library)(),
 // A keyed material with a hole (t, E1, E2, G12, nu12, and the allowables),
 // its keys and two load cases.
 #define CORVANE_KEYED 0.125f, 140000, 9000, 4600, 0.3f, 2500, 1500
-#define CORVANE_KEYS "oht=450, OHC=300;A0FHT=1.2 fbr=900"
+#define CORVANE_KEYS "oht=450, OHC=300;A0FHT=1.2 fbr=900 FHC=280"
 #define CORVANE_TWO_CASES 300, -100, 20, 0, 0, 0, 0, -800, 50, 0, 0, 0, 0, 20
 
 inline std::string segment_layups(std::initializer_list<std::string_view> layups) {
@@ -281,6 +281,9 @@ inline const std::vector<EntryPoint>& entry_points() {
         .arrays({{2, 1}, {50000, 30000}, {25000, 40000}, {10000, 9000}, {0.3f, 0.1f},
                  {-200, 5}, {100, 6}, {-40, 7}})
         .out(2, 6).out(1)),
+    CORVANE_ROW(strength_library, LAMINATE_STIFFNESS_PACKED, .integers({1})
+        .arrays({{CORVANE_TAPE}}).text("(0/45/-45/90)S", CORVANE_LAYUP_LENGTH)
+        .out(44).out(2).out_text(CORVANE_CARDS_LENGTH).out(1)),
     CORVANE_ROW(strength_library, LAMINATE_STIFFNESS_PACKED, .integers({2})
         .arrays({{CORVANE_TAPE, CORVANE_FABRIC}}).text("(0/45./-45./90)S", CORVANE_LAYUP_LENGTH)
         .out(44).out(2).out_text(CORVANE_CARDS_LENGTH).out(1)),
@@ -339,6 +342,9 @@ inline const std::vector<Refusal>& refusals() {
     {strength, [](A& a) { a.retext(14, "(0/4x5)S"); }, 2, "at character 4: unreadable ply angle"},
     {strength, [](A& a) { a.retext(15, " Xsai_wu"); }, 3, "criterion \"Xsai_wu\"."},
     {strength, [](A& a) { a.retext(15, "AOSL"); }, 4, "not available"},
+    {section, [](A& a) { a.retext(8, "AOSL"); }, 4, "Segment 2: Criterion AOSL not"},
+    // A C host's zero byte ends a text.
+    {strength, [](A& a) { a[15][0] = '\0'; }, 3, "criterion \"\"."},
     {strength, [](A& a) { a.set(9, 0, 0.0f); }, 5, "F2t missing (material 1"},
     {strength, [](A& a) { a.set(9, 0, 0.0f).set(11, 0, -1.0f); }, 1, "F12 = -1 is negative"},
     {bi_strength, [](A& a) { a.set(14 + 11, 0, 0.0f); }, 5, "F12 missing (material 2"},
@@ -378,6 +384,7 @@ inline const std::vector<Refusal>& refusals() {
     {impact, [](A& a) { a.set(10, 0, 0.0f); }, 9, "unit factor out"},
     {impact, [](A& a) { a.retext(9, "CDTM-T05X 1 2 3 4 5"); }, 11,
      "\"CDTM-T05X 1 2 3 4 5\" not usable"},
+    {impact, [](A& a) { a.retext(9, "CDTM-T04 0.003 0.5 0.0O4 0.05 1"); }, 11, "not usable"},
     // A negative count writes only the code, as does a count of zero.
     {"PLATE_BUCKLING_LOADS_MANY", [](A& a) { a.set(0, 0, -1); }, 2, ""},
     {"PLATE_BUCKLING_RF_MANY", [](A& a) { a.set(0, 0, INT32_MIN); }, 2, ""},
