@@ -1,5 +1,6 @@
 #include "laminates/laminate.h"
 
+#include <cmath>
 #include <string>
 #include <vector>
 
@@ -92,6 +93,14 @@ TEST(Laminate, RotateAndStackingText) {
   char short_out[5];
   lam.stacking_text(short_out);
   EXPECT_EQ(std::string(short_out, 5), "(0/22");
+}
+
+// A determinant equal to the tolerance counts as singular.
+TEST(Inverse3x3, TheToleranceIsStrict) {
+  Matrix3 half;
+  half(1, 1) = half(2, 2) = 1, half(3, 3) = 0.5f;
+  EXPECT_EQ(inverse3x3(half, 0.4999f)(3, 3), 2.0f);
+  EXPECT_TRUE(std::isnan(inverse3x3(half, 0.5f)(3, 3)));
 }
 
 }  // namespace
