@@ -1,6 +1,7 @@
 #include "cdt_models/cdt_model.h"
 
 #include <cmath>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -38,6 +39,19 @@ TEST(CdtModel, FormsByHand) {
   // A zero thickness propagates without trapping.
   EXPECT_TRUE(std::isnan(Form(3).allowable_t03(0, 2, 0, 0)));
   EXPECT_TRUE(std::isinf(Form(4).allowable_t04_t06(0, 2, 0, 8)));
+}
+
+// A text short of a coefficient, blank, or of an unknown model leaves it invalid.
+TEST(ReadCdtModel, RefusedTextsLeaveTheModelInvalid) {
+  const std::pair<const char*, int> cases[] = {
+      {"CDTM-T05 80 0.5 250 0.2", kCdtMissingToken},
+      {"", kCdtMissingToken},
+      {"CDTM-T05X 80 0.5 250 0.2 1", 0}};
+  for (const auto& [text, returned] : cases) {
+    CDTMODEL m;
+    EXPECT_EQ(read_cdt_model_text(text, 1.0f, m), returned) << text;
+    EXPECT_EQ(m.status, -1) << text;
+  }
 }
 
 }  // namespace
