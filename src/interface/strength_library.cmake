@@ -59,7 +59,7 @@ if(CORVANE_BUILD_TESTS AND NOT WIN32)
   # brings its own allocation functions, so the out-of-memory test is left out
   # of instrumented builds.
   corvane_add_test(entry_points_test entry_points_test.cc
-                   LIBS laminates_stressed cards crippling_sections)
+                   LIBS laminates_stressed)
   set(tests entry_points_test)
   if(NOT CORVANE_SANITIZED)
     corvane_add_test(entry_points_out_of_memory_test entry_points_out_of_memory_test.cc)
