@@ -13,7 +13,6 @@
 #include "util/fixed_width.h"
 #include "util/keywords.h"
 #include "util/lexical_sort.h"
-#include "util/matrix3.h"
 #include "util/number_reading.h"
 #include "util/numerics.h"
 
